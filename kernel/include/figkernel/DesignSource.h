@@ -42,8 +42,9 @@ inline constexpr SourceIndex NO_INDEX = 0xFFFFFFFFu;
 
 /// One setting: the number of its kernel key, its level and its value.
 struct SettingSource {
-    int key = 0;    ///< number of the `figk::Setting::Key`
-    int level = 0;  ///< number of the `figk::Setting::Level`; pictures' own values are LEVEL_BASE
+    int key = 0;  ///< number of the `figk::Setting::Key`
+    int level =
+        2;  ///< number of the `figk::Setting::Level`; 2 is LEVEL_BASE, for a file's own looks
     du::ConstSmartPtr<figk::BaseSettingValue> value;
     bool canBeInherited = true;
 };
@@ -156,9 +157,19 @@ struct PortNodeSource {
     GroupSource graphics;
 };
 
+/// A point where all wires of a net (or all buses of a highway) that pass are joined, as a junction
+/// dot or a label does it. Needed only where none of them ends, as at a crossing with a dot; an
+/// end, a pin, a port or a tap that lies on a wire of its net splits that wire without it.
+struct JoinSource {
+    dg::DPoint2D point;
+    SourceIndex net = NO_INDEX;      ///< one of net ...
+    SourceIndex highway = NO_INDEX;  ///< ... and highway is set
+};
+
 /// Something drawn at a wire or bus without a part in connectivity: a junction dot, a local label,
-/// a no-connect cross. It goes to the piece of its net or highway that touches the anchor, and is
-/// coloured, hidden and moved with it; without such a piece it goes to the sheet's labels.
+/// a no-connect cross. It becomes a label of the piece of its net or highway that passes the anchor
+/// (also between that piece's ends), and is coloured, hidden and moved with it; without such a
+/// piece it goes to the sheet's labels.
 struct DecorationSource {
     dg::DPoint2D anchor;
     SourceIndex net = NO_INDEX;
@@ -229,6 +240,7 @@ struct SheetSource {
     std::vector<BusSource> buses;
     std::vector<TapSource> taps;
     std::vector<PortNodeSource> portNodes;
+    std::vector<JoinSource> joins;
     std::vector<DecorationSource> decorations;
 };
 
