@@ -1,0 +1,72 @@
+// Records on wires where their arrows of direction belong.
+#pragma once
+
+#include <dg/Point.h>
+#include <du/RefCounted.h>
+#include <figk/ArrowStyle.h>
+#include <figrep/AbstractFigureVisitor.h>
+#include <figrep/Fwd.h>
+
+#include <unordered_map>
+#include <vector>
+
+namespace figrep {
+
+/// The arrow engine of one figure. A walk puts `ArrowInfo` records on the segments of every sub-net
+/// with an arrow style that it hasn't been applied to yet; highways have no arrows.
+///
+/// A walk only adds: whoever wants a sub-net's arrows anew clears them first (`ForgetStale`,
+/// `Remove`). Ownership: the figure holds it; it holds the sub-nets it has met until `Remove`,
+/// `Retain` or its end. Locking: none of its own, the figure calls it under the write lock.
+class ArrowPatternGenerator : public virtual du::RefCounted, public AbstractFigureVisitor {
+public:
+    /// No more arrows than this are put on one segment, however narrow the spacing.
+    static constexpr unsigned MAX_ARROWS_PER_SEGMENT = 100000;
+
+    ArrowPatternGenerator();
+    ~ArrowPatternGenerator() override;
+
+    /// Forgets what was applied to the sub-net, so that the next walk processes it afresh.
+    void Remove(SmartPtr<SubNet> const& subNet);
+    /// Takes the arrows off the sub-nets of the list whose geometry or style has changed since they
+    /// were put on, and forgets what was applied, so that the next walk puts them on anew.
+    void ForgetStale(std::vector<SmartPtr<SubNet>> const& subNets);
+    /// Forgets all sub-nets that aren't in the list.
+    void Retain(std::vector<SmartPtr<SubNet>> const& subNets);
+
+    bool Visit(SmartPtr<TitleBlock> const&) override { return false; }
+    bool Visit(SmartPtr<TextGraphic> const&) override { return false; }
+    bool Visit(SmartPtr<TableInstance> const&) override { return false; }
+    bool Visit(SmartPtr<SubNet> const& subNet) override;
+    bool Visit(SmartPtr<SubHighway> const& subHighway) override;
+    bool Visit(SmartPtr<NetSegment> const& segment) override;
+    bool Visit(SmartPtr<Miscellaneous> const&) override { return false; }
+    bool Visit(SmartPtr<HighwaySegment> const&) override { return false; }
+    bool Visit(SmartPtr<Format> const&) override { return false; }
+    bool Visit(SmartPtr<ConnectorInstance> const&) override { return false; }
+    bool Visit(SmartPtr<CableInstance> const&) override { return false; }
+    bool Visit(SmartPtr<BlockInstance> const&) override { return false; }
+    using AbstractFigureVisitor::Visit;
+
+private:
+    struct Applied {
+        figk::ArrowStyle style;
+        unsigned geometryRevision;
+    };
+
+    static SmartPtr<ConnectionNode> FindStartNode(SmartPtr<SubNet> const& subNet);
+    static void FindCentrePoint(SmartPtr<ConnectionNode> const& head, SmartPtr<Segment>& segmentOut,
+                                DPoint2D& pointOut);
+    static void ReassertStartSegment(SmartPtr<SubNet> const& subNet);
+    void AddArrow(SmartPtr<Segment> const& segment, DPoint2D const& position, double angle) const;
+    void AddSpacedArrows(SmartPtr<Segment> const& segment, DPoint2D const& start,
+                         DPoint2D const& end) const;
+
+    SmartPtr<SubNet> currentSubNet_;  // null outside a sub-net being processed
+    figk::ArrowStyle style_;          // the one in force for it
+    std::unordered_map<SmartPtr<SubNet>, Applied> appliedStyles_;
+    SmartPtr<Segment> centreSegment_;
+    DPoint2D centrePoint_;
+};
+
+}  // namespace figrep

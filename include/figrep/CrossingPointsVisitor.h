@@ -1,0 +1,70 @@
+// Finds where wires cross, and keeps what it found up to date.
+#pragma once
+
+#include <du/RefCounted.h>
+#include <figrep/AbstractFigureVisitor.h>
+#include <figrep/Fwd.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace figrep {
+
+/// The crossing engine of one figure: nets cross nets, highways cross highways.
+///
+/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or whose
+/// geometry has changed since the last walk. `Update` then finds the crossings of all segments and
+/// puts `CrossingPoint`s on them, or takes them off, only where the result differs from what is
+/// there. Cost: n log n + crossings for n segments; a change of a few segments costs a scan of the
+/// coordinates of all.
+///
+/// Ownership: the figure holds it and is known by a plain pointer; it holds the segments it has
+/// taken in. Locking: none of its own, the figure calls it under the write lock.
+class CrossingPointsVisitor : public virtual du::RefCounted, public AbstractFigureVisitor {
+public:
+    /// `figure` may be null.
+    explicit CrossingPointsVisitor(Figure* figure);
+    ~CrossingPointsVisitor() override;
+
+    /// Brings the crossings up to date with the segments; does nothing when nothing has changed.
+    /// Tells the figure that its profile needs new pictures when crossings were found.
+    void Update();
+    /// Forgets all segments. What stands on them stays.
+    void Reset();
+    /// Whether any segment of the sub-net or sub-highway has a crossing. Null: false.
+    bool HasCrossingPoints(SmartPtr<AbstractFigureItem> const& owner);
+    /// Takes the crossings off the segments of the sub-net or sub-highway and forgets these.
+    void Remove(SmartPtr<AbstractFigureItem> const& owner);
+
+    bool Visit(SmartPtr<TitleBlock> const&) override { return false; }
+    bool Visit(SmartPtr<TableInstance> const&) override { return false; }
+    bool Visit(SmartPtr<SubNet> const& subNet) override;
+    bool Visit(SmartPtr<SubHighway> const& subHighway) override;
+    bool Visit(SmartPtr<NetSegment> const& segment) override;
+    bool Visit(SmartPtr<Miscellaneous> const&) override { return false; }
+    bool Visit(SmartPtr<HighwaySegment> const& segment) override;
+    bool Visit(SmartPtr<Format> const&) override { return false; }
+    bool Visit(SmartPtr<Figure> const& figure) override;
+    bool Visit(SmartPtr<CableInstance> const&) override { return false; }
+    bool Visit(SmartPtr<BlockInstance> const&) override { return false; }
+    using AbstractFigureVisitor::Visit;
+    void VisitComplete(SmartPtr<Figure> const& figure) override;
+    using AbstractFigureVisitor::VisitComplete;
+
+private:
+    enum class Mode { COLLECT, UPDATING, REMOVE, QUERY };
+    class SegmentSet;
+
+    bool VisitSegment(SmartPtr<Segment> const& segment, SegmentSet& set);
+
+    Figure* figure_;
+    Mode mode_ = Mode::COLLECT;
+    std::unique_ptr<SegmentSet> highways_;
+    std::unique_ptr<SegmentSet> nets_;
+    bool inHighway_ = false;
+    bool found_ = false;
+};
+
+}  // namespace figrep
