@@ -73,6 +73,7 @@ class FixConnectivity;
 class HighwayNode;
 class HighwaySegment;
 class JunctionNode;
+template <class T>
 class KdTree;
 class NetSegment;
 class Port;

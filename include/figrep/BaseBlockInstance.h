@@ -1,0 +1,85 @@
+// What blocks, cables and tables have in common: connectors, nesting, labels.
+#pragma once
+
+#include <vector>
+
+#include <figrep/GraphicalFigureItem.h>
+#include <figrep/TextLabelContainer.h>
+
+namespace figrep {
+
+/// A box of a diagram. It holds its connectors and its children; a child moves with its parent
+/// only. The figure holds every box, children too, so children aren't walked from here.
+///
+/// Units: figure units (millimetres), y upward, angles in radians. Locking: queries and walks take
+/// the shared lock for reading, changes for writing.
+class BaseBlockInstance : public GraphicalFigureItem, public TextLabelContainer {
+public:
+    using TextLabelContainer::Add;
+    /// Nests a block in this one.
+    void Add(SmartPtr<BaseBlockInstance> const& child);
+
+    /// Null at the top.
+    SmartPtr<BaseBlockInstance> GetParent() const;
+    std::vector<SmartPtr<BaseBlockInstance>> GetChildren() const;
+    bool HasChildren() const;
+    std::vector<SmartPtr<ConnectorInstance>> GetConnectorInstances() const;
+    std::size_t GetNumConnectorInstances() const;
+
+    /// The box of graphics, children and connectors; kept until something moves.
+    DBox2D GetExtents() override;
+    /// Ask the kernel's picture, or the graphics here when there is none or it was transformed.
+    bool FineContentCheck(DBox2D const& box) const override;
+    bool FineOverlapCheck(DPoint2D const& point) const override;
+    bool FineOverlapCheck(DBox2D const& box) const override;
+
+    void SetHighlight(bool on) override;
+    void SetPreselectHighlight(bool on) override;
+    void SetVisibility(bool on) override;
+
+    // A block with a parent stays where it is.
+    void MoveItem(double dx, double dy) override;
+    void RotateItem(DPoint2D const& about, double radians) override;
+    void ScaleItem(DPoint2D const& about, double factor) override;
+    void MirrorItem(DPoint2D const& about, bool mirrorY) override;
+
+    Symbol GetTextOwnerId() const override;
+
+protected:
+    BaseBlockInstance(SmartPtr<zvk::ReadWriteLock> const& lock,
+                      SmartPtr<figk::BaseBlockInstance> const& kernelBlock);
+    BaseBlockInstance(SmartPtr<zvk::ReadWriteLock> const& lock, std::string const& name);
+    ~BaseBlockInstance() override;
+
+    // Transform the block with all that it holds. The write lock is the caller's.
+    virtual void Move(double dx, double dy);
+    virtual void Rotate(DPoint2D const& about, double radians);
+    virtual void Scale(DPoint2D const& about, double factor);
+    virtual void Mirror(DPoint2D const& about, bool mirrorY);
+
+    void Add(SmartPtr<ConnectorInstance> const& connector);
+    void SetParent(SmartPtr<BaseBlockInstance> const& parent);
+
+    ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
+                                                     bool inheritableOnly) const override;
+
+    /// Graphics, then labels: what every kind of block shows to a visitor.
+    void AcceptGraphicsAndLabels(AbstractFigureVisitor& visitor);
+    void AcceptConnectors(AbstractFigureVisitor& visitor);
+
+private:
+    friend class ConnectorInstance;
+
+    template <class Transform>
+    void TransformIfTop(Transform const& transform);
+    void Transformed();
+    void ForgetExtents();
+
+    std::vector<SmartPtr<ConnectorInstance>> connectorInstances_;
+    BaseBlockInstance* parent_ = nullptr;
+    std::vector<SmartPtr<BaseBlockInstance>> children_;
+    /// The kernel's picture no longer stands where this block does.
+    bool transformed_ = false;
+};
+
+}  // namespace figrep
