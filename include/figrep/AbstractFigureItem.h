@@ -16,8 +16,8 @@ namespace figrep {
 /// the figure alone has no record and takes its name from a string.
 ///
 /// Units: figure units (millimetres), y upward, angles in radians counter-clockwise.
-/// Ownership: the figure holds its items; the way back is a plain pointer that the figure clears
-/// when it goes, so an item may outlive its figure. Locking: all items share the kernel's lock;
+/// Ownership: the figure holds its items; the way back holds nothing and is cleared when the figure
+/// goes, so an item may outlive its figure. Locking: all items share the kernel's lock;
 /// queries take it for reading, changes for writing, and an item without a lock runs unlocked.
 class AbstractFigureItem : public zvk::Object,
                            public zvk::MemoryPoolAllocated,
@@ -146,7 +146,7 @@ private:
 
     Symbol id_;
     SmartPtr<figk::AbstractItem> kernelItem_;
-    Figure* figure_ = nullptr;
+    SmartPtr<FigureLink> figureLink_;
     SmartPtr<zvk::ReadWriteLock> itemLock_;
     DBox2D itemExtents_ = DBox2D::EMPTY;
     std::string name_;

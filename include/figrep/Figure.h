@@ -8,12 +8,14 @@
 #include <zvk/Observable.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace figrep {
+
+class ChangedWires;
 
 /// One drawing: its items in typed registries, the deltas that made it what it is, the engines
 /// for the crossings and arrows of its wires, and the settings that all items fall back on.
@@ -216,6 +218,9 @@ public:
     /// Tells observers that the content changed.
     void Refresh();
 
+    /// What knows this figure without holding it keeps this; cleared when the figure goes.
+    SmartPtr<FigureLink> const& GetLink() const { return link_; }
+
     /// "000", "001" and so on, one count for all figures of the process.
     static std::string GenerateNextGraphicName();
 
@@ -231,14 +236,21 @@ protected:
     void SettingsChanged() override;
 
 private:
-    friend class FigureContentCut;
-
     void SetDefaultLineAttributes();
     void AddItemToSbomKernelFigureMap(SmartPtr<AbstractFigureItem> const& item);
     void RemoveItemFromSbomKernelFigureMap(SmartPtr<AbstractFigureItem> const& item);
     void DestroyConnectivity();
     void ClearCableInstances();
+    void CutWires();
     void TearDown();
+    void RememberRemovedWire(SmartPtr<AbstractFigureItem> const& wire);
+    void ForgetRemovedWire(SmartPtr<AbstractFigureItem> const& wire);
+    void ReceiveWire(SmartPtr<AbstractFigureItem> const& wire);
+    void RefreshChangedWires();
+    void DrawWires();
+    void ApplyOne(figk::AbstractDelta& delta, bool refresh);
+    bool DropFromDeltas(SmartPtr<figk::AbstractDelta> const& delta);
+    void PostItemsChanged(Items const& items);
     void PostAppearance(bool notify);
 
     // All guarded by the kernel's lock.
@@ -268,7 +280,10 @@ private:
     SmartPtr<FindFigureItemVisitor> findVisitor_;
     bool hasChanged_ = false;
     SmartPtr<TitleBlockGraphicsGenerator> titleBlockGraphicsGenerator_;
-    Items removedItems_;
+    SmartPtr<FigureLink> link_;
+    std::unique_ptr<ChangedWires> changedWires_;
+    bool processingWires_ = false;
+    Items removedWires_;  // taken out, yet to be taken apart with the rest
     bool tornDown_ = false;
 };
 

@@ -50,6 +50,7 @@ class AbstractKernelToFigureFactory;
 class Figure;
 class FigureChangedEvent;
 class FigureItemsChangedEvent;
+class FigureLink;
 class FigureObserver;
 class FindFigureItemVisitor;
 class GraphicalFigureItem;

@@ -1,0 +1,9 @@
+#include <figrep/FigureLink.h>
+
+#include <figrep/Figure.h>
+
+namespace figrep {
+
+SmartPtr<Figure> FigureLink::GetFigure() const { return SmartPtr<Figure>(figure_); }
+
+}  // namespace figrep
