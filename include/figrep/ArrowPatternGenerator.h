@@ -8,16 +8,15 @@
 #include <figrep/Fwd.h>
 
 #include <unordered_map>
-#include <vector>
 
 namespace figrep {
 
 /// The arrow engine of one figure. A walk puts `ArrowInfo` records on the segments of every sub-net
 /// with an arrow style that it hasn't been applied to yet; highways have no arrows.
 ///
-/// A walk only adds: whoever wants a sub-net's arrows anew clears them first (`ForgetStale`,
-/// `Remove`). Ownership: the figure holds it; it holds the sub-nets it has met until `Remove`,
-/// `Retain` or its end. Locking: none of its own, the figure calls it under the write lock.
+/// A walk only adds: `ForgetChanged` before a walk takes off what is no longer right. Ownership:
+/// the figure holds it; it holds the sub-nets that it has given arrows until `Remove` or `Reset`.
+/// Locking: none of its own, the figure calls it under the write lock.
 class ArrowPatternGenerator : public virtual du::RefCounted, public AbstractFigureVisitor {
 public:
     /// No more arrows than this are put on one segment, however narrow the spacing.
@@ -28,11 +27,14 @@ public:
 
     /// Forgets what was applied to the sub-net, so that the next walk processes it afresh.
     void Remove(SmartPtr<SubNet> const& subNet);
-    /// Takes the arrows off the sub-nets of the list whose geometry or style has changed since they
-    /// were put on, and forgets what was applied, so that the next walk puts them on anew.
-    void ForgetStale(std::vector<SmartPtr<SubNet>> const& subNets);
-    /// Forgets all sub-nets that aren't in the list.
-    void Retain(std::vector<SmartPtr<SubNet>> const& subNets);
+    /// Notes that the sub-net's course changed. Constant time; other items are ignored.
+    void NoteChanged(AbstractFigureItem const& wire);
+    /// Takes the arrows off the sub-nets that were noted or whose style differs from the one
+    /// applied, and forgets these, so that the next walk puts their arrows on anew. Cost: linear
+    /// in the sub-nets with arrows.
+    void ForgetChanged();
+    /// Forgets all sub-nets. What stands on their segments stays.
+    void Reset();
 
     bool Visit(SmartPtr<TitleBlock> const&) override { return false; }
     bool Visit(SmartPtr<TextGraphic> const&) override { return false; }
@@ -51,7 +53,7 @@ public:
 private:
     struct Applied {
         figk::ArrowStyle style;
-        unsigned geometryRevision;
+        bool changed = false;
     };
 
     static SmartPtr<ConnectionNode> FindStartNode(SmartPtr<SubNet> const& subNet);

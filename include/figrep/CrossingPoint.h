@@ -3,14 +3,16 @@
 
 #include <dg/Point.h>
 #include <du/RefCounted.h>
+#include <figk/CrossingPointStyle.h>
 #include <figrep/Fwd.h>
 
 namespace figrep {
 
 /// One crossing of a vertical and a horizontal segment: which style marks it and which lies on top.
 ///
-/// Ownership: the two segments' lists hold it; it knows them without holding them. A segment that
-/// goes takes its crossings off its partners. Locking: the lock given at construction.
+/// Ownership: the two segments' lists hold it; it knows a segment whose list holds it by a plain
+/// pointer, and holds one that refused it. A segment that goes takes its crossings off its
+/// partners. Locking: the lock given at construction.
 class CrossingPoint : public virtual du::RefCounted {
 public:
     /// Adds itself to the lists of both segments.
@@ -35,6 +37,13 @@ public:
                     DPoint2D& gapEnd) const;
 
 private:
+    friend class CrossingPointsVisitor;
+
+    // Putting it on a segment's list and taking it off again, holding the segment while it is off.
+    void Join(Segment& segment);
+    void Leave(Segment& segment);
+    SmartPtr<Segment>& HoldOf(Segment const& segment);
+
     figk::CrossingPointStyle AcquireStyleFromSettings() const;
     bool AcquireTopSegmentFromSettings() const;
     bool Involves(ConstSmartPtr<Segment> const& segment) const;
@@ -47,6 +56,8 @@ private:
 
     Segment* segment1_;
     Segment* segment2_;
+    SmartPtr<Segment> refused1_;  // the same segments, while their lists don't hold this
+    SmartPtr<Segment> refused2_;
     DPoint2D position_;
     SmartPtr<zvk::ReadWriteLock> lock_;
 };

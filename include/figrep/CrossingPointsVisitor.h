@@ -5,17 +5,14 @@
 #include <figrep/AbstractFigureVisitor.h>
 #include <figrep/Fwd.h>
 
-#include <cstdint>
-#include <map>
 #include <memory>
-#include <vector>
 
 namespace figrep {
 
 /// The crossing engine of one figure: nets cross nets, highways cross highways.
 ///
-/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or whose
-/// geometry has changed since the last walk. `Update` then finds the crossings of all segments and
+/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or noted
+/// as changed. `Update` takes in what was noted since, then finds the crossings of all segments and
 /// puts `CrossingPoint`s on them, or takes them off, only where the result differs from what is
 /// there. Cost: n log n + crossings for n segments; a change of a few segments costs a scan of the
 /// coordinates of all.
@@ -31,13 +28,17 @@ public:
     /// Brings the crossings up to date with the segments; does nothing when nothing has changed.
     /// Tells the figure that its profile needs new pictures when crossings were found.
     void Update();
-    /// Forgets all segments. What stands on them stays.
+    /// Notes that the course of a sub-net or sub-highway changed, so that its segments are taken in
+    /// anew. Constant time; other items are ignored.
+    void NoteChanged(AbstractFigureItem const& wire);
+    /// Takes the crossings off all segments and forgets these.
     void Reset();
     /// Whether any segment of the sub-net or sub-highway has a crossing. Null: false.
     bool HasCrossingPoints(SmartPtr<AbstractFigureItem> const& owner);
     /// Takes the crossings off the segments of the sub-net or sub-highway and forgets these.
     void Remove(SmartPtr<AbstractFigureItem> const& owner);
 
+    bool StartGroupVisit(SmartPtr<figk::Group> const&) override { return false; }
     bool Visit(SmartPtr<TitleBlock> const&) override { return false; }
     bool Visit(SmartPtr<TableInstance> const&) override { return false; }
     bool Visit(SmartPtr<SubNet> const& subNet) override;
@@ -52,12 +53,16 @@ public:
     using AbstractFigureVisitor::Visit;
     void VisitComplete(SmartPtr<Figure> const& figure) override;
     using AbstractFigureVisitor::VisitComplete;
+    bool VisitTextLabelContainer(SmartPtr<TextLabelContainer> const&) override { return false; }
 
 private:
     enum class Mode { COLLECT, UPDATING, REMOVE, QUERY };
     class SegmentSet;
 
+    bool VisitOwner(SmartPtr<AbstractFigureItem> const& owner, SegmentSet& set);
     bool VisitSegment(SmartPtr<Segment> const& segment, SegmentSet& set);
+    bool UpdateSet(SegmentSet& set);
+    SegmentSet* SetOf(AbstractFigureItem const& owner) const;
 
     Figure* figure_;
     Mode mode_ = Mode::COLLECT;
