@@ -1,0 +1,57 @@
+// Turns 2D entities, seen through an instance, into calls of a painter.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <attrs/FillAttr.h>
+#include <attrs/TextAttr.h>
+#include <dg/Color.h>
+#include <dg/Matrix.h>
+#include <painters/Painter.h>
+#include <zv2d/Entity.h>
+#include <zv2d/Instance.h>
+#include <zv2d/LineAttributes.h>
+
+namespace fighost {
+
+/// The line width where nothing says another, in millimetres.
+inline constexpr double HAIRLINE = 0.1524;
+
+/// What a graphic's draw state says about all of its entities.
+struct GraphicLook {
+    dg::Color color;  ///< of lines and texts
+    du::ConstSmartPtr<zv2d::LineAttributes> line;  ///< may be null
+    du::ConstSmartPtr<attrs::FillAttr> fill;  ///< replaces the colour of what is filled; may be null
+    double halo = 0;  ///< added to line widths
+};
+
+/// Paints the instances of one graphic after the other.
+///
+/// Line widths and patterns: the entity's own where they count, else the instance's, else the
+/// graphic's, else a hairline. Filled is what has a fill of its own or of its instance.
+class EntityPainter : private zv2d::EntityVisitor {
+public:
+    explicit EntityPainter(Painter& painter) : painter_(painter) {}
+
+    void Paint(zv2d::Instance const& instance, GraphicLook const& look);
+
+private:
+    void Visit(zv2d::TexPolyline const& polyline) override;
+    void Visit(zv2d::CircularArc const& arc) override;
+    void Visit(zv2d::Text const& text) override;
+    void Visit(zv2d::Picture const& picture) override;
+
+    fighost::Paint PaintOf(zv2d::Entity const& entity) const;
+    fighost::Stroke StrokeOf(zv2d::Attributes const* own) const;
+    fighost::Fill FillOf(zv2d::Attributes const* own) const;
+    zv2d::LineAttributes const* LineOf(zv2d::Attributes const* own) const;
+    void PaintArcAsPolyline(zv2d::CircularArc const& arc);
+
+    Painter& painter_;
+    dg::DMat33 matrix_;
+    zv2d::Attributes const* instanceAttributes_ = nullptr;
+    GraphicLook const* look_ = nullptr;
+};
+
+}  // namespace fighost

@@ -1,0 +1,230 @@
+#include <painters/PaintFigure.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <figk/Zv2dGraphics.h>
+#include <figrep/AbstractFigureVisitor.h>
+#include <figrep/BaseGraphic.h>
+#include <figrep/BlockInstance.h>
+#include <figrep/CableInstance.h>
+#include <figrep/ConnectorInstance.h>
+#include <figrep/ConnectorInstanceNode.h>
+#include <figrep/Figure.h>
+#include <figrep/Format.h>
+#include <figrep/GenericGraphic.h>
+#include <figrep/GraphicGroup.h>
+#include <figrep/NetSegment.h>
+#include <figrep/PortNode.h>
+#include <figrep/SubNet.h>
+#include <figrep/TextGraphic.h>
+#include <figrep/TextLabelContainer.h>
+#include <figrep/TextLabelContainerGroup.h>
+#include <painters/EntityPainter.h>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+#include <zvk/ReadWriteLock.h>
+
+namespace fighost {
+
+namespace {
+
+using figrep::AbstractFigureItem;
+using figrep::BaseGraphic;
+using figrep::SmartPtr;
+
+constexpr double MARGIN = 5.0;        // around content without a frame, in millimetres
+constexpr double HIGHLIGHT_HALO = 0.3;  // added to the lines of highlighted items
+
+// From the back to the front: filled shapes that stand free, such as coloured areas, must not hide
+// items, and items must not hide free texts.
+enum Layer { LAYER_FREE_SHAPES, LAYER_ITEMS, LAYER_FREE_TEXTS, LAYER_COUNT };
+
+struct Entry {
+    SmartPtr<AbstractFigureItem> item;
+    std::string net;
+    std::vector<SmartPtr<BaseGraphic>> graphics;
+};
+
+// Collects every graphic once, with the item that owns it, in the order of the walk.
+class GraphicCollector : public figrep::AbstractFigureVisitor {
+public:
+    std::vector<Entry> const& GetLayer(std::size_t layer) const { return layers_[layer]; }
+
+    bool StartGroupVisit(SmartPtr<figk::Group> const& group) override {
+        bool const first = groupsSeen_.insert(group.Get()).second;
+        owners_.push_back(first ? OwnerOf(group) : nullptr);
+        return first;
+    }
+    bool EndGroupVisit(SmartPtr<figk::Group> const&) override {
+        if (!owners_.empty()) owners_.pop_back();
+        return true;
+    }
+
+    bool Visit(SmartPtr<figrep::GenericGraphic> const& graphic) override {
+        Collect(graphic, LAYER_FREE_SHAPES);
+        return true;
+    }
+    bool Visit(SmartPtr<figrep::TextGraphic> const& text) override {
+        Collect(text, LAYER_FREE_TEXTS);
+        return true;
+    }
+
+    // A block comes before its connectors, whichever shows a graphic first.
+    bool Visit(SmartPtr<figrep::BlockInstance> const& block) override {
+        EntryOf(block);
+        return true;
+    }
+    bool Visit(SmartPtr<figrep::CableInstance> const& cable) override {
+        EntryOf(cable);
+        return true;
+    }
+    bool Visit(SmartPtr<figrep::ConnectorInstance> const& connector) override {
+        Entry& entry = EntryOf(connector);
+        for (auto const& node : connector->GetConnections()) {
+            SmartPtr<figrep::SubNet> const subNet = node ? node->GetSubNet() : nullptr;
+            if (subNet && entry.net.empty()) entry.net = subNet->GetName();
+        }
+        return true;
+    }
+    bool Visit(SmartPtr<figrep::SubNet> const& subNet) override {
+        EntryOf(subNet).net = subNet->GetName();
+        return true;
+    }
+    bool Visit(SmartPtr<figrep::NetSegment> const& segment) override {
+        SmartPtr<figrep::SubNet> const subNet = segment->GetSubNet();
+        if (subNet) EntryOf(segment).net = subNet->GetName();
+        return true;
+    }
+    bool Visit(SmartPtr<figrep::PortNode> const& node) override {
+        SmartPtr<figrep::SubNet> const subNet = node->GetSubNet();
+        if (subNet) EntryOf(node).net = subNet->GetName();
+        return true;
+    }
+
+private:
+    // The item that a group's graphics belong to; null for groups that stand free.
+    SmartPtr<AbstractFigureItem> OwnerOf(SmartPtr<figk::Group> const& group) const {
+        if (auto const labels = du::DynamicCast<figrep::TextLabelContainerGroup>(group)) {
+            return du::DynamicCast<AbstractFigureItem>(labels->GetTextLabelContainer());
+        }
+        if (auto const item = du::DynamicCast<AbstractFigureItem>(group)) return item;
+        return owners_.empty() ? nullptr : owners_.back();
+    }
+
+    void Collect(SmartPtr<BaseGraphic> const& graphic, Layer freeLayer) {
+        if (!owners_.empty() && owners_.back()) {
+            EntryOf(owners_.back()).graphics.push_back(graphic);
+            return;
+        }
+        if (!freeGraphicsSeen_.insert(graphic.Get()).second) return;
+        layers_[freeLayer].push_back({graphic, {}, {graphic}});
+    }
+
+    Entry& EntryOf(SmartPtr<AbstractFigureItem> const& item) {
+        std::vector<Entry>& entries = layers_[LAYER_ITEMS];
+        auto const [found, isNew] = indices_.try_emplace(item.Get(), entries.size());
+        if (isNew) entries.push_back({item, {}, {}});
+        return entries[found->second];
+    }
+
+    std::vector<Entry> layers_[LAYER_COUNT];
+    std::unordered_map<AbstractFigureItem const*, std::size_t> indices_;  // looked up only
+    std::unordered_set<figk::Group const*> groupsSeen_;
+    std::unordered_set<BaseGraphic const*> freeGraphicsSeen_;
+    std::vector<SmartPtr<AbstractFigureItem>> owners_;  // of the groups around the walk's place
+};
+
+class GraphicPainter {
+public:
+    GraphicPainter(Painter& painter, PaintOptions const& options)
+        : painter_(painter), entities_(painter), options_(options) {}
+
+    void Paint(Entry const& entry) {
+        begun_ = false;
+        for (auto const& graphic : entry.graphics) Paint(entry, *graphic);
+        if (begun_) painter_.EndItem();
+    }
+
+private:
+    void Paint(Entry const& entry, BaseGraphic& graphic) {
+        graphic.UpdateRenderInfoBase();
+        figrep::RenderInfo const& info = graphic.GetRenderInfo();
+        if (!info.IsVisible() || !info.GetZv2dGraphics()) return;
+        Begin(entry, graphic);
+        GraphicLook look;
+        look.color = info.GetDisplayColor(options_.background);
+        look.line = info.GetLineAttributes();
+        look.fill = info.GetFillAttributes();
+        if (IsHighlighted(graphic)) {
+            look.color = options_.highlight;
+            look.halo = HIGHLIGHT_HALO;
+        }
+        for (auto const& instance : info.GetZv2dGraphics()->GetInstances()) {
+            if (instance) entities_.Paint(*instance, look);
+        }
+    }
+
+    static bool IsHighlighted(BaseGraphic const& graphic) {
+        return graphic.GetHighlight() || graphic.GetPreselectHighlight();
+    }
+
+    void Begin(Entry const& entry, BaseGraphic const& graphic) {
+        if (begun_) return;
+        begun_ = true;
+        std::string const type = entry.item->GetTypeName();
+        PaintedItem item;
+        item.id = entry.item->GetId().GetString();
+        item.type = type;
+        item.name = entry.item->GetName();
+        item.net = entry.net;
+        item.highlighted = IsHighlighted(graphic);
+        painter_.BeginItem(item);
+    }
+
+    Painter& painter_;
+    EntityPainter entities_;
+    PaintOptions const& options_;
+    bool begun_ = false;
+};
+
+dg::DBox2D Grown(dg::DBox2D const& box, double margin) {
+    if (box.IsEmpty()) return box;
+    return {box[0] - margin, box[1] - margin, box[2] + margin, box[3] + margin};
+}
+
+}  // namespace
+
+dg::DBox2D PictureBox(SmartPtr<figrep::Figure> const& figure) {
+    if (!figure) return dg::DBox2D::EMPTY;
+    SmartPtr<figrep::Format> const format = figure->GetFormat();
+    if (format && format->GetWidth() > 0 && format->GetHeight() > 0) {
+        dg::DPoint2D const at = format->GetPosition();
+        return {at.x, at.y, at.x + format->GetWidth(), at.y + format->GetHeight()};
+    }
+    return Grown(figure->GetExtents(), MARGIN);
+}
+
+void PaintFigure(SmartPtr<figrep::Figure> const& figure, Painter& painter,
+                 PaintOptions const& options) {
+    PaintedSheet sheet;
+    sheet.box = options.box ? *options.box : PictureBox(figure);
+    sheet.background = options.background;
+    sheet.paintBackground = options.paintBackground;
+    sheet.title = options.title;
+    painter.BeginSheet(sheet);
+    if (figure) {
+        zvk::WriteGuard const guard(figure->GetLock());
+        GraphicCollector collector;
+        figure->Accept(collector);
+        GraphicPainter graphics(painter, options);
+        for (std::size_t layer = 0; layer < LAYER_COUNT; ++layer) {
+            for (Entry const& entry : collector.GetLayer(layer)) graphics.Paint(entry);
+        }
+    }
+    painter.EndSheet();
+}
+
+}  // namespace fighost

@@ -1,0 +1,35 @@
+// The one walk that paints a figure.
+#pragma once
+
+#include <optional>
+
+#include <dg/Box.h>
+#include <dg/Color.h>
+#include <figrep/Fwd.h>
+#include <painters/Painter.h>
+
+namespace fighost {
+
+struct PaintOptions {
+    dg::Color background = dg::Color::WHITE;
+    bool paintBackground = true;  ///< false leaves the sheet transparent
+    /// What the picture shows; without it the paper, or else all content with a margin.
+    std::optional<dg::DBox2D> box;
+    std::string title;
+    dg::Color highlight{0.9F, 0.1F, 0.6F, 1.0F};  ///< colour of highlighted items
+};
+
+/// Paints what the figure shows, as its draw states have it; `Figure::UpdateContent` makes the
+/// wires' pictures and must have run before.
+///
+/// Items come in a stable order: frame and free shapes, then the items of the figure in the order
+/// of its walk, then free texts. Hidden graphics are left out, and items without a visible graphic
+/// are too. Takes the figure's lock for writing, since a walk turns the wires' trees. A null
+/// figure paints an empty sheet. Cost: linear in the content.
+void PaintFigure(figrep::SmartPtr<figrep::Figure> const& figure, Painter& painter,
+                 PaintOptions const& options = {});
+
+/// The box that `PaintFigure` shows by itself.
+dg::DBox2D PictureBox(figrep::SmartPtr<figrep::Figure> const& figure);
+
+}  // namespace fighost
