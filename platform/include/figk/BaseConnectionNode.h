@@ -34,8 +34,8 @@ namespace figk {
 /// A packing junction that is itself pivoted to, disconnected or handed over stops being packing
 /// and stays as a node of its own.
 ///
-/// *Locking.* Changes take the tree's lock for writing, queries for reading; a null lock is skipped.
-/// An iterator takes no lock: whoever walks holds it.
+/// *Locking.* Changes take the tree's lock for writing, queries for reading; a null lock is
+/// skipped. An iterator takes no lock: whoever walks holds it.
 class BaseConnectionNode : public virtual du::RefCounted {
 public:
     /// Persisted in no file, but shared by the kernel's nodes and by everybody's nodes built on it.
@@ -147,32 +147,33 @@ private:
 
     // All below need the lock held. "Logical" means with packing junctions left out of sight.
     Node* LogicalPredecessor() const;
-    bool OwnsPacking() const;
     void AppendLogicalSuccessors(std::vector<NodePtr>& out) const;
     void AppendRing(std::vector<NodePtr>& out) const;
     void AdoptRing(std::span<NodePtr const> ring, Node const* newPredecessor);
     void SetSuccessors(std::span<NodePtr const> successors);
     void PackRight(std::span<NodePtr const> successors, std::vector<NodePtr>& pool);
     std::vector<NodePtr> TakePacking();
-    void MakePackingReal();
-    void MakePackingAroundReal();
     NodePtr NewJunction(bool packing);
+    void MakePackingReal();
+    void MakeReal();
 
     void Link(NodePtr const& node);
-    void LinkAtMeetingPoint(NodePtr const& node);
+    void InsertMeetingPoint();
     void AppendSuccessor(NodePtr const& node);
-    void InsertSuccessor(NodePtr const& node);
-    void BecomeSuccessorOf(NodePtr const& holder);
+    void AppendLast(NodePtr const& node);
+    void InsertBeforeFirstLinked(NodePtr const& node);
     bool HangsDirectlyBelow(Node const& upper) const;
     bool IsBelow(Node const& upper) const;
+    bool HasAbove(Node const& other) const;
 
     static void Unlink(Node& upper, Node& lower);
     void ForgetSuccessor(Node const& node);
     void ForgetPredecessor();
+    void ForgetAll();
+    void TakeOff(Node const* keep);
     NodePtr DisconnectFromJunction(NodePtr const& other);
     NodePtr CollapseJunction(Node const* keep);
-    void ReplaceBy(NodePtr const& branch);
-    void TakeOff(Node const* keep);
+    void LeaveTo(NodePtr const& branch);
     void TurnRound();
 
     SmartPtr<zvk::ReadWriteLock> lock_;
@@ -209,8 +210,6 @@ private:
     friend class BaseConnectionNode;
     explicit ConstIterator(SmartPtr<BaseConnectionNode> const& start);
 
-    bool Accepts(SmartPtr<BaseConnectionNode> const& node) const;
-    void Push(SmartPtr<BaseConnectionNode> const& node);
     void Settle();
     void CountWalk(int change) const;
 

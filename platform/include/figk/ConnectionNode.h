@@ -16,8 +16,8 @@ public:
         SmartPtr<BaseConnectionNode> const& predecessor, SmartPtr<zvk::ReadWriteLock> const& lock);
 
     /// Hands the visitor this node and what is below it: the node, its left tree, its right tree.
-    /// Where `VisitNode` answers false the walk leaves out what is below that node. The depth of the
-    /// tree doesn't matter.
+    /// Where `VisitNode` answers false the walk leaves out what is below that node. The depth of
+    /// the tree doesn't matter.
     virtual void Accept(AbstractVisitor& visitor);
 
     /// A check that is true on the first sight of a node.

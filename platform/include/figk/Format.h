@@ -15,8 +15,8 @@ public:
 
     virtual double GetWidth() const = 0;
     virtual double GetHeight() const = 0;
-    /// Names the cell of the reference grid in which `point` lies: `x` names the column, `y` the row.
-    /// Both stay empty for a point outside the frame and for a frame without a grid.
+    /// Names the cell of the reference grid in which `point` lies: `x` names the column, `y` the
+    /// row. Both stay empty for a point outside the frame and for a frame without a grid.
     virtual void CalculateGridLocation(dg::DPoint2D const& point, Symbol& x, Symbol& y) const = 0;
 
     /// Shows the format, then its graphics and labels.

@@ -1,4 +1,5 @@
-// Forward declarations of the schematic kernel's bases and records, and the platform names they use.
+// Forward declarations of the schematic kernel's bases and records, and the platform names they
+// use.
 #pragma once
 
 #include <du/SmartPtr.h>

@@ -9,7 +9,10 @@
 
 namespace figk {
 
-class PortNode : public AbstractItem, public ConnectionNode, public Group, public TextLabelContainer {
+class PortNode : public AbstractItem,
+                 public ConnectionNode,
+                 public Group,
+                 public TextLabelContainer {
 public:
     ~PortNode() override;
 

@@ -20,8 +20,8 @@ public:
     /// Installs the process's kernel; null brings the empty one back. Safe on any thread, but what
     /// was read from the former kernel stays that kernel's.
     static void SetSchematicKernel(SmartPtr<SchematicKernel> const& kernel);
-    /// The one lock of the process, shared by kernel, figures and items: recursive, and a reader may
-    /// take it for writing. Never null.
+    /// The one lock of the process, shared by kernel, figures and items: recursive, and a reader
+    /// may take it for writing. Never null.
     static SmartPtr<zvk::ReadWriteLock> const& GetKernelLock();
 
     /// Shows the visitor the kernel, then every design in the order of adding. The base has none.

@@ -17,7 +17,8 @@ namespace figk {
 /// What a wire shows where it crosses another one.
 enum CrossingPointStyle { CROSSING_NONE = 0, CROSSING_ARC = 1, CROSSING_GAP = 2 };
 
-/// The width of lines. `kind` is that of `zv2d::LineAttributes`: 3 means that `weight` counts, in mm.
+/// The width of lines. `kind` is that of `zv2d::LineAttributes`: 3 means that `weight` counts, in
+/// mm.
 struct WeightAttr {
     float weight = 0;
     int kind = 0;
@@ -71,12 +72,12 @@ private:
 template <typename T>
 struct SettingValueTraits;
 
-#define FIGK_SETTING_VALUE(ValueType, TypeName)                             \
-    template <>                                                             \
-    struct SettingValueTraits<ValueType> {                                  \
+#define FIGK_SETTING_VALUE(ValueType, TypeName)                                    \
+    template <>                                                                    \
+    struct SettingValueTraits<ValueType> {                                         \
         static constexpr BaseSettingValue::Type TYPE = BaseSettingValue::TypeName; \
-        static bool Equal(ValueType const& a, ValueType const& b);          \
-        static std::string Text(ValueType const& value);                    \
+        static bool Equal(ValueType const& a, ValueType const& b);                 \
+        static std::string Text(ValueType const& value);                           \
     }
 
 FIGK_SETTING_VALUE(bool, TYPE_BOOL);

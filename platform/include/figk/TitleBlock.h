@@ -67,8 +67,7 @@ public:
     virtual double GetLineWeight() const = 0;
     virtual dg::Color GetBackgroundColor() const = 0;
     /// Appends the sections in order.
-    virtual void GetTextSections(
-        std::vector<SmartPtr<TitleBlockTextSection>>& sections) const = 0;
+    virtual void GetTextSections(std::vector<SmartPtr<TitleBlockTextSection>>& sections) const = 0;
     /// The section of that number, or null.
     virtual SmartPtr<TitleBlockTextSection> GetTextSection(unsigned int id) const = 0;
 

@@ -11,13 +11,14 @@
 
 namespace figk {
 
-/// Instances in figure units, y up, drawn in order. Transforms act on the matrices of instances that
-/// this object owns alone, so a copy can be moved without the original. Changes take the lock for
-/// writing, queries for reading; a null lock is skipped.
+/// Instances in figure units, y up, drawn in order. Transforms act on the matrices of instances
+/// that this object owns alone, so a copy can be moved without the original. Changes take the lock
+/// for writing, queries for reading; a null lock is skipped.
 class Zv2dGraphics : public virtual du::RefCounted {
 public:
     /// A null instance is left out.
-    Zv2dGraphics(SmartPtr<zvk::ReadWriteLock> const& lock, SmartPtr<zv2d::Instance> const& instance);
+    Zv2dGraphics(SmartPtr<zvk::ReadWriteLock> const& lock,
+                 SmartPtr<zv2d::Instance> const& instance);
     Zv2dGraphics(SmartPtr<zvk::ReadWriteLock> const& lock,
                  std::vector<SmartPtr<zv2d::Instance>> const& instances);
     /// Copies the instances; they go on sharing their definitions.
