@@ -11,13 +11,8 @@
 #include <dg/Color.h>
 #include <dg/Point.h>
 #include <du/SmartPtr.h>
-
-namespace figk {
-class BaseSettingValue;
-}
-namespace zv2d {
-class Instance;
-}
+#include <figk/SettingValue.h>
+#include <zv2d/Instance.h>
 
 namespace figkernel {
 
