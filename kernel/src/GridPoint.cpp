@@ -8,7 +8,9 @@ namespace {
 
 constexpr double FARTHEST_MM = 1e7;
 
-bool IsUsable(double mm) { return std::isfinite(mm) && std::fabs(mm) <= FARTHEST_MM; }
+bool IsUsable(double mm) {
+    return std::isfinite(mm) && std::fabs(mm) <= FARTHEST_MM;
+}
 
 }  // namespace
 

@@ -12,7 +12,8 @@ namespace {
 std::vector<GridPoint> StopsOf(HighwayDrawing const& drawing) {
     std::vector<GridPoint> stops(drawing.taps);
     stops.insert(stops.end(), drawing.joins.begin(), drawing.joins.end());
-    for (auto const& port : drawing.ports) stops.push_back(port.first);
+    for (auto const& port : drawing.ports)
+        stops.push_back(port.first);
     return stops;
 }
 
@@ -24,20 +25,23 @@ std::vector<GridPoint> PointsOf(HighwayDrawing const& drawing, std::vector<Piece
         points.push_back(piece.a);
         points.push_back(piece.b);
     }
-    for (auto const& port : drawing.ports) points.push_back(port.first);
+    for (auto const& port : drawing.ports)
+        points.push_back(port.first);
     return points;
 }
 
 std::vector<GraphEdge> EdgesOf(std::vector<Piece> const& pieces, PointTable const& table) {
     std::vector<GraphEdge> edges;
     edges.reserve(pieces.size());
-    for (Piece const& piece : pieces) edges.push_back({table.Find(piece.a), table.Find(piece.b)});
+    for (Piece const& piece : pieces)
+        edges.push_back({table.Find(piece.a), table.Find(piece.b)});
     return edges;
 }
 
 std::vector<Buckets::Entry> PortEntries(HighwayDrawing const& drawing, PointTable const& table) {
     std::vector<Buckets::Entry> entries;
-    for (auto const& [point, node] : drawing.ports) entries.emplace_back(table.Find(point), node);
+    for (auto const& [point, node] : drawing.ports)
+        entries.emplace_back(table.Find(point), node);
     return entries;
 }
 
@@ -161,7 +165,8 @@ void PlanHighway(HighwayDrawing const& drawing, std::vector<SubHighwayPlan>& pla
                  std::vector<HighwayPlace>& places) {
     Planner planner(drawing);
     planner.Plan(plans);
-    for (GridPoint const& tap : drawing.taps) places.push_back(planner.PlaceOf(tap));
+    for (GridPoint const& tap : drawing.taps)
+        places.push_back(planner.PlaceOf(tap));
 }
 
 }  // namespace figkernel

@@ -43,7 +43,8 @@ bool MakeSpan(DrawnLine const& line, std::uint32_t index, Span& out) {
     Carrier& carrier = out.carrier;
     carrier.dx = dx / divisor;
     carrier.dy = dy / divisor;
-    carrier.offset = static_cast<Wide>(carrier.dx) * out.low.y - static_cast<Wide>(carrier.dy) * out.low.x;
+    carrier.offset =
+        static_cast<Wide>(carrier.dx) * out.low.y - static_cast<Wide>(carrier.dy) * out.low.x;
     return true;
 }
 
@@ -63,7 +64,8 @@ public:
             if (a.carrier.Key() != b.carrier.Key()) return a.carrier.Key() < b.carrier.Key();
             return std::tie(a.low, a.line) < std::tie(b.low, b.line);
         });
-        for (std::size_t first = 0; first < spans.size();) first = SplitRun(spans, first);
+        for (std::size_t first = 0; first < spans.size();)
+            first = SplitRun(spans, first);
         return InDrawnOrder();
     }
 
@@ -122,7 +124,8 @@ private:
         hits.clear();
         index.FindOn(low, high, hits);
         stops.clear();
-        for (std::uint32_t const hit : hits) stops.push_back({touches[hit], Along(touches[hit])});
+        for (std::uint32_t const hit : hits)
+            stops.push_back({touches[hit], Along(touches[hit])});
         std::sort(stops.begin(), stops.end(), [](Stop const& a, Stop const& b) {
             return a.along != b.along ? a.along < b.along : a.point < b.point;
         });
@@ -138,7 +141,8 @@ private:
             for (; next < last && Along(spans[next].low) <= here; ++next) {
                 active.emplace(spans[next].line, Along(spans[next].high));
             }
-            while (!active.empty() && active.top().second <= here) active.pop();
+            while (!active.empty() && active.top().second <= here)
+                active.pop();
             if (!active.empty()) AddPiece(active.top().first, stops[i].point, stops[i + 1].point);
         }
     }
@@ -159,7 +163,8 @@ private:
         });
         std::vector<Piece> pieces;
         pieces.reserve(cuts.size());
-        for (Cut const& cut : cuts) pieces.push_back(cut.piece);
+        for (Cut const& cut : cuts)
+            pieces.push_back(cut.piece);
         return pieces;
     }
 

@@ -16,9 +16,12 @@ using PlacedList = std::vector<std::pair<GridPoint, std::uint32_t>>;
 
 std::vector<GridPoint> StopsOf(NetDrawing const& drawing) {
     std::vector<GridPoint> stops(drawing.joins);
-    for (NetTap const& tap : drawing.taps) stops.push_back(tap.netPoint);
-    for (auto const& pin : drawing.pins) stops.push_back(pin.first);
-    for (auto const& port : drawing.ports) stops.push_back(port.first);
+    for (NetTap const& tap : drawing.taps)
+        stops.push_back(tap.netPoint);
+    for (auto const& pin : drawing.pins)
+        stops.push_back(pin.first);
+    for (auto const& port : drawing.ports)
+        stops.push_back(port.first);
     return stops;
 }
 
@@ -29,9 +32,12 @@ std::vector<GridPoint> PointsOf(NetDrawing const& drawing, std::vector<Piece> co
         points.push_back(piece.a);
         points.push_back(piece.b);
     }
-    for (NetTap const& tap : drawing.taps) points.push_back(tap.netPoint);
-    for (auto const& pin : drawing.pins) points.push_back(pin.first);
-    for (auto const& port : drawing.ports) points.push_back(port.first);
+    for (NetTap const& tap : drawing.taps)
+        points.push_back(tap.netPoint);
+    for (auto const& pin : drawing.pins)
+        points.push_back(pin.first);
+    for (auto const& port : drawing.ports)
+        points.push_back(port.first);
     return points;
 }
 
@@ -41,7 +47,8 @@ class BusPoints {
 public:
     explicit BusPoints(std::vector<NetTap> const& taps) {
         keys.reserve(taps.size());
-        for (NetTap const& tap : taps) keys.push_back(KeyOf(tap));
+        for (NetTap const& tap : taps)
+            keys.push_back(KeyOf(tap));
         std::sort(keys.begin(), keys.end());
         keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     }
@@ -65,7 +72,8 @@ std::vector<GraphEdge> EdgesOf(NetDrawing const& drawing, std::vector<Piece> con
                                PointTable const& table, BusPoints const& busPoints) {
     std::vector<GraphEdge> edges;
     edges.reserve(pieces.size() + drawing.taps.size());
-    for (Piece const& piece : pieces) edges.push_back({table.Find(piece.a), table.Find(piece.b)});
+    for (Piece const& piece : pieces)
+        edges.push_back({table.Find(piece.a), table.Find(piece.b)});
     for (NetTap const& tap : drawing.taps) {
         edges.push_back({table.Find(tap.netPoint), table.Size() + busPoints.Find(tap)});
     }
@@ -75,7 +83,8 @@ std::vector<GraphEdge> EdgesOf(NetDrawing const& drawing, std::vector<Piece> con
 std::vector<Buckets::Entry> EntriesOf(PlacedList const& placed, PointTable const& table) {
     std::vector<Buckets::Entry> entries;
     entries.reserve(placed.size());
-    for (auto const& [point, value] : placed) entries.emplace_back(table.Find(point), value);
+    for (auto const& [point, value] : placed)
+        entries.emplace_back(table.Find(point), value);
     return entries;
 }
 
@@ -94,8 +103,7 @@ public:
           result{source.net, SplitLines(source.lines, StopsOf(source)), {}},
           table(PointsOf(source, result.pieces)),
           busPoints(source.taps),
-          graph(table.Size() + busPoints.Size(),
-                EdgesOf(source, result.pieces, table, busPoints)),
+          graph(table.Size() + busPoints.Size(), EdgesOf(source, result.pieces, table, busPoints)),
           pins(graph.VertexCount(), EntriesOf(source.pins, table)),
           ports(graph.VertexCount(), EntriesOf(source.ports, table)),
           parts(graph.Parts(partCount)),
@@ -155,8 +163,10 @@ private:
             if (IsFreeEnd(edge.a)) take(edge.a);
             if (IsFreeEnd(edge.b)) take(edge.b);
         }
-        for (auto const& port : drawing.ports) take(table.Find(port.first));
-        for (std::uint32_t vertex = 0; vertex < table.Size(); ++vertex) take(vertex);
+        for (auto const& port : drawing.ports)
+            take(table.Find(port.first));
+        for (std::uint32_t vertex = 0; vertex < table.Size(); ++vertex)
+            take(vertex);
         return roots;
     }
 
@@ -220,8 +230,8 @@ private:
 
     std::size_t OpenEdges(std::uint32_t vertex) const {
         auto const edges = graph.At(vertex);
-        return static_cast<std::size_t>(std::count_if(edges.begin(), edges.end(),
-                                                      [this](std::uint32_t e) { return !edgeUsed[e]; }));
+        return static_cast<std::size_t>(std::count_if(
+            edges.begin(), edges.end(), [this](std::uint32_t e) { return !edgeUsed[e]; }));
     }
 
     void AddEdges(std::uint32_t vertex, std::uint32_t parent) {
@@ -234,7 +244,8 @@ private:
         std::uint32_t const parent = arrivals[vertex];
         auto const portsHere = ports[vertex].subspan(portUsed[vertex] ? 1 : 0);
         AddPins(vertex, parent, portsHere.empty() && OpenEdges(vertex) == 0);
-        for (std::uint32_t const port : portsHere) AddAt(PlanKind::PORT, parent, port, vertex);
+        for (std::uint32_t const port : portsHere)
+            AddAt(PlanKind::PORT, parent, port, vertex);
         AddEdges(vertex, parent);
     }
 
@@ -244,15 +255,16 @@ private:
         auto pinsHere = pins[vertex];
         PlanNode const& node = plan.nodes[parent];
         bool const isHead = node.parent == NO_INDEX;
-        bool const direct = isHead && node.kind == PlanKind::STUB
-                                ? !pinsHere.empty()
-                                : pinsHere.size() == 1 &&
-                                      (isLeaf || (isHead && node.kind == PlanKind::PORT));
+        bool const direct =
+            isHead && node.kind == PlanKind::STUB
+                ? !pinsHere.empty()
+                : pinsHere.size() == 1 && (isLeaf || (isHead && node.kind == PlanKind::PORT));
         if (direct) {
             AddAt(PlanKind::CONNECTOR, parent, pinsHere.front(), vertex);
             pinsHere = pinsHere.subspan(1);
         }
-        for (std::uint32_t const pin : pinsHere) AddConnectorStub(parent, pin, vertex);
+        for (std::uint32_t const pin : pinsHere)
+            AddConnectorStub(parent, pin, vertex);
     }
 
     void GrowAtBusPoint(std::uint32_t vertex) {
@@ -282,10 +294,10 @@ private:
             vertices.push_back(link.vertex);
             exits.push_back(link.place.node);
         }
-        std::vector<std::uint32_t> const made =
-            PlanRoute(highways[place.subHighway], place.subHighway, place.node, exits, entry,
-                      plan.nodes);
-        for (std::size_t i = 0; i < made.size(); ++i) LeaveHighway(made[i], vertices[i]);
+        std::vector<std::uint32_t> const made = PlanRoute(
+            highways[place.subHighway], place.subHighway, place.node, exits, entry, plan.nodes);
+        for (std::size_t i = 0; i < made.size(); ++i)
+            LeaveHighway(made[i], vertices[i]);
     }
 
     /// An exit has exactly one net node below it.
@@ -312,7 +324,7 @@ private:
     std::vector<bool> portUsed;  ///< the first port at a vertex is the head
     std::vector<std::uint32_t> arrivals;
     std::vector<bool> partUsed;
-    std::map<std::uint32_t, HighwayPlace> linkAt;               ///< by vertex
+    std::map<std::uint32_t, HighwayPlace> linkAt;        ///< by vertex
     std::map<std::uint32_t, std::vector<Link>> linksOf;  ///< by sub-highway not entered yet
     std::deque<std::uint32_t> open;
     SubNetPlan plan;

@@ -33,10 +33,13 @@ std::uint32_t PointTable::Find(GridPoint const& point) const {
 
 Buckets::Buckets(std::uint32_t keyCount, std::vector<Entry> const& entries)
     : starts(keyCount + 1), values(entries.size()) {
-    for (Entry const& entry : entries) ++starts[entry.first + 1];
-    for (std::uint32_t key = 0; key < keyCount; ++key) starts[key + 1] += starts[key];
+    for (Entry const& entry : entries)
+        ++starts[entry.first + 1];
+    for (std::uint32_t key = 0; key < keyCount; ++key)
+        starts[key + 1] += starts[key];
     std::vector<std::uint32_t> next(starts.begin(), starts.end() - 1);
-    for (Entry const& entry : entries) values[next[entry.first]++] = entry.second;
+    for (Entry const& entry : entries)
+        values[next[entry.first]++] = entry.second;
 }
 
 PointGraph::PointGraph(std::uint32_t vertices, std::vector<GraphEdge> edgeList)

@@ -61,16 +61,20 @@ void PointIndex::FindOnColumn(GridPoint const& a, GridPoint const& b,
                               std::vector<std::uint32_t>& out) const {
     GridPoint const first{a.x, std::min(a.y, b.y)};
     std::int64_t const last = std::max(a.y, b.y);
-    auto at = std::lower_bound(
-        byColumn.begin(), byColumn.end(), first,
-        [this](std::uint32_t i, GridPoint const& p) { return points[i] < p; });
+    auto at =
+        std::lower_bound(byColumn.begin(), byColumn.end(), first,
+                         [this](std::uint32_t i, GridPoint const& p) { return points[i] < p; });
     for (; at != byColumn.end() && points[*at].x == a.x && points[*at].y <= last; ++at) {
         out.push_back(*at);
     }
 }
 
-std::int64_t PointIndex::Row(std::int64_t y) const { return (y - low.y) / cellSize; }
-std::int64_t PointIndex::Column(std::int64_t x) const { return (x - low.x) / cellSize; }
+std::int64_t PointIndex::Row(std::int64_t y) const {
+    return (y - low.y) / cellSize;
+}
+std::int64_t PointIndex::Column(std::int64_t x) const {
+    return (x - low.x) / cellSize;
+}
 
 void PointIndex::BuildCells() {
     if (points.empty()) return;
@@ -79,7 +83,8 @@ void PointIndex::BuildCells() {
         low = {std::min(low.x, p.x), std::min(low.y, p.y)};
         high = {std::max(high.x, p.x), std::max(high.y, p.y)};
     }
-    auto const perSide = static_cast<std::int64_t>(std::sqrt(static_cast<double>(points.size()))) + 1;
+    auto const perSide =
+        static_cast<std::int64_t>(std::sqrt(static_cast<double>(points.size()))) + 1;
     cellSize = std::max(high.x - low.x, high.y - low.y) / perSide + 1;
     cells.reserve(points.size());
     for (std::uint32_t i = 0; i < points.size(); ++i) {

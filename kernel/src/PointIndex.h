@@ -11,10 +11,10 @@ namespace figkernel {
 
 /// A fixed set of points, asked for those on a line between two points, ends included.
 ///
-/// Points on a horizontal or vertical line must lie on it exactly; a slanted line can't pass through
-/// grid points everywhere, so it takes those nearer than the contact tolerance. Cost of a query:
-/// log n + result for horizontal and vertical lines, sqrt(n) log n + result at worst for slanted
-/// ones.
+/// Points on a horizontal or vertical line must lie on it exactly; a slanted line can't pass
+/// through grid points everywhere, so it takes those nearer than the contact tolerance. Cost of a
+/// query: log n + result for horizontal and vertical lines, sqrt(n) log n + result at worst for
+/// slanted ones.
 class PointIndex {
 public:
     explicit PointIndex(std::vector<GridPoint> const& points);

@@ -15,11 +15,13 @@ std::vector<std::uint32_t> SegmentsBetween(SubHighwayPlan const& highway,
                                            std::vector<std::uint32_t> const& ends) {
     using Climber = std::pair<std::uint32_t, std::uint32_t>;  // depth, node; the deepest climbs
     std::priority_queue<Climber> climbers;
-    for (std::uint32_t const end : ends) climbers.emplace(highway.depths[end], end);
+    for (std::uint32_t const end : ends)
+        climbers.emplace(highway.depths[end], end);
     std::vector<std::uint32_t> segments;
     while (true) {
         std::uint32_t const node = climbers.top().second;
-        while (!climbers.empty() && climbers.top().second == node) climbers.pop();
+        while (!climbers.empty() && climbers.top().second == node)
+            climbers.pop();
         if (climbers.empty()) return segments;
         segments.push_back(node);
         std::uint32_t const up = highway.nodes[node].parent;
@@ -56,8 +58,8 @@ std::uint32_t AddNode(std::vector<PlanNode>& nodes, PlanNode const& node) {
 
 PlanNode RouteNode(PlanNode const& segment, Step const& step, std::uint32_t subHighway,
                    std::uint32_t parent) {
-    PlanNode node{PlanKind::ROUTE, parent, step.segment, subHighway, segment.nearEnd,
-                  segment.farEnd};
+    PlanNode node{PlanKind::ROUTE, parent,          step.segment,
+                  subHighway,      segment.nearEnd, segment.farEnd};
     if (step.from == step.segment) std::swap(node.nearEnd, node.farEnd);
     return node;
 }
@@ -70,7 +72,8 @@ std::vector<std::uint32_t> PlanRoute(SubHighwayPlan const& highway, std::uint32_
     std::vector<std::uint32_t> made(exits.size(), NO_INDEX);
     if (exits.empty()) return made;
     std::unordered_map<std::uint32_t, std::size_t> exitAt;
-    for (std::size_t i = 0; i < exits.size(); ++i) exitAt.emplace(exits[i], i);
+    for (std::size_t i = 0; i < exits.size(); ++i)
+        exitAt.emplace(exits[i], i);
     std::vector<std::uint32_t> ends(exits);
     ends.push_back(entry);
     std::vector<Step> const steps = StepsOf(highway, SegmentsBetween(highway, ends));
@@ -93,8 +96,8 @@ std::vector<std::uint32_t> PlanRoute(SubHighwayPlan const& highway, std::uint32_
             auto const exit = exitAt.find(step->to);
             if (exit == exitAt.end()) continue;
             GridPoint const point = nodes[node].farEnd;
-            made[exit->second] = AddNode(
-                nodes, {PlanKind::HIGHWAY_NODE, node, step->to, subHighway, point, point});
+            made[exit->second] =
+                AddNode(nodes, {PlanKind::HIGHWAY_NODE, node, step->to, subHighway, point, point});
         }
     }
     return made;

@@ -1,0 +1,44 @@
+#include "PortRecords.h"
+
+#include "HighwayRecords.h"
+#include "NetRecords.h"
+
+namespace figkernel {
+
+PortNodeRecord::PortNodeRecord(du::SmartPtr<SheetLink> const& sheet, PortRecord* owner,
+                               dg::DPoint2D const& place)
+    : Record(nullptr, nullptr), link(sheet), port(owner), position(place) {}
+
+figk::SmartPtr<figk::Port> PortNodeRecord::GetPort() const {
+    return Upward<figk::Port>(port);
+}
+
+std::string const& PortNodeRecord::GetName() const {
+    return port ? port->GetName() : EmptyName();
+}
+
+bool PortNodeRecord::IsOnSubNet(figk::SmartPtr<figk::SubNet> const& asked) const {
+    if (!asked) return false;
+    if (subHighway) return subHighway->Carries(asked.Get());
+    return asked.Get() == subNet;
+}
+
+void PortNodeRecord::Forget() {
+    subNet = nullptr;
+    subHighway = nullptr;
+}
+
+PortRecord::~PortRecord() {
+    for (auto const& node : nodes)
+        node->ForgetPort();
+}
+
+figk::SmartPtr<figk::Net> PortRecord::GetNet() const {
+    return Upward<figk::Net>(net);
+}
+
+figk::SmartPtr<figk::Highway> PortRecord::GetHighway() const {
+    return Upward<figk::Highway>(highway);
+}
+
+}  // namespace figkernel
