@@ -10,6 +10,7 @@
 #include <figk/Fwd.h>
 #include <figk/SettingList.h>
 #include <figk/Sheet.h>
+#include <zvk/ReadWriteLock.h>
 
 #include "Links.h"
 
@@ -25,56 +26,60 @@ void CopyAttributes(AttributeVector const& from, figk::AttributeSet& to);
 template <class Base>
 class Record : public Base {
 public:
-    du::Symbol const& GetId() const override { return id; }
+    du::Symbol const& GetId() const override { return recordId; }
     std::string const& GetName() const override { return EmptyName(); }
-    figk::ConstSmartPtr<figk::SettingList> GetSettingList() const override { return settings; }
+    figk::ConstSmartPtr<figk::SettingList> GetSettingList() const override {
+        return recordSettings;
+    }
 
-    void SetId(du::Symbol const& symbol) { id = symbol; }
-    void SetSettings(SettingsPtr const& list) { settings = list; }
+    void SetId(du::Symbol const& symbol) { recordId = symbol; }
+    void SetSettings(SettingsPtr const& list) { recordSettings = list; }
 
 protected:
     template <class... Args>
     explicit Record(Args&&... args) : Base(std::forward<Args>(args)...) {}
 
 private:
-    du::Symbol id;
-    SettingsPtr settings;
+    du::Symbol recordId;
+    SettingsPtr recordSettings;
 };
 
 /// A record that a user knows by name, with attributes.
 template <class Base>
 class NamedRecord : public Record<Base> {
 public:
-    std::string const& GetName() const override { return name; }
-    void GetAttributes(figk::AttributeSet& set) const override { CopyAttributes(attributes, set); }
+    std::string const& GetName() const override { return recordName; }
+    void GetAttributes(figk::AttributeSet& set) const override {
+        CopyAttributes(recordAttributes, set);
+    }
 
-    void SetName(std::string text) { name = std::move(text); }
-    void SetAttributes(AttributeVector list) { attributes = std::move(list); }
+    void SetName(std::string text) { recordName = std::move(text); }
+    void SetAttributes(AttributeVector list) { recordAttributes = std::move(list); }
 
 protected:
     using Record<Base>::Record;
 
 private:
-    std::string name;
-    AttributeVector attributes;
+    std::string recordName;
+    AttributeVector recordAttributes;
 };
 
 /// A named record that stands on a sheet and may carry a group of labels.
 template <class Base>
 class SheetItemRecord : public NamedRecord<Base> {
 public:
-    figk::SmartPtr<figk::Design> GetDesign() const override { return link->GetDesign(); }
-    figk::SmartPtr<figk::Group> GetTextLabelContainerGroup() const override { return labels; }
+    figk::SmartPtr<figk::Design> GetDesign() const override { return sheetLink->GetDesign(); }
+    figk::SmartPtr<figk::Group> GetTextLabelContainerGroup() const override { return recordLabels; }
 
-    du::SmartPtr<SheetLink> const& GetLink() const { return link; }
-    void SetLabels(du::SmartPtr<figk::Group> const& group) { labels = group; }
+    du::SmartPtr<SheetLink> const& GetLink() const { return sheetLink; }
+    void SetLabels(du::SmartPtr<figk::Group> const& group) { recordLabels = group; }
 
 protected:
-    explicit SheetItemRecord(du::SmartPtr<SheetLink> const& sheet) : link(sheet) {}
+    explicit SheetItemRecord(du::SmartPtr<SheetLink> const& sheet) : sheetLink(sheet) {}
 
 private:
-    du::SmartPtr<SheetLink> link;
-    du::SmartPtr<figk::Group> labels;
+    du::SmartPtr<SheetLink> sheetLink;
+    du::SmartPtr<figk::Group> recordLabels;
 };
 
 }  // namespace figkernel
