@@ -8,14 +8,11 @@
 #include <zvk/Observable.h>
 
 #include <map>
-#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 namespace figrep {
-
-class ChangedWires;
 
 /// One drawing: its items in typed registries, the deltas that made it what it is, the engines
 /// for the crossings and arrows of its wires, and the settings that all items fall back on.
@@ -177,9 +174,6 @@ public:
     bool GetGraphicRegenerationSuspended() const;
     void SetGraphicRegenerationSuspended(bool suspended);
     bool ItemHasCrossingPoints(SmartPtr<AbstractFigureItem> const& item);
-    /// Notes that a sub-net's or sub-highway's course or settings changed, so that its crossings
-    /// and arrows are looked at again. Sub-nets and sub-highways call it; constant time.
-    void NoteWireChanged(AbstractFigureItem& wire);
     /// The box of what the figure shows, computed when unknown by a walk of all content.
     DBox2D GetExtents();
     /// `DBox2D::EMPTY` has the box computed anew when next asked for.
@@ -241,17 +235,18 @@ private:
     void RemoveItemFromSbomKernelFigureMap(SmartPtr<AbstractFigureItem> const& item);
     void DestroyConnectivity();
     void ClearCableInstances();
-    void CutWires();
     void TearDown();
-    void RememberRemovedWire(SmartPtr<AbstractFigureItem> const& wire);
-    void ForgetRemovedWire(SmartPtr<AbstractFigureItem> const& wire);
-    void ReceiveWire(SmartPtr<AbstractFigureItem> const& wire);
-    void RefreshChangedWires();
+    template <typename Item>
+    void Register(std::vector<SmartPtr<Item>>& registry, SmartPtr<Item> const& item);
+    void RemoveBlockInstance(SmartPtr<AbstractFigureItem> const& item);
+    void RemoveFormat(SmartPtr<AbstractFigureItem> const& item);
+    void RemoveSubHighway(SmartPtr<AbstractFigureItem> const& item);
+    void RemoveSubNet(SmartPtr<AbstractFigureItem> const& item);
     void DrawWires();
-    void ApplyOne(figk::AbstractDelta& delta, bool refresh);
-    bool DropFromDeltas(SmartPtr<figk::AbstractDelta> const& delta);
+    void NoteFailure(SmartPtr<figk::AbstractDelta> const& delta);
     void PostItemsChanged(Items const& items);
-    void PostAppearance(bool notify);
+    void PostEvent(unsigned char constant);
+    void MarkChanged(bool notify);
 
     // All guarded by the kernel's lock.
     Deltas deltas_;
@@ -281,9 +276,9 @@ private:
     bool hasChanged_ = false;
     SmartPtr<TitleBlockGraphicsGenerator> titleBlockGraphicsGenerator_;
     SmartPtr<FigureLink> link_;
-    std::unique_ptr<ChangedWires> changedWires_;
-    bool processingWires_ = false;
-    Items removedWires_;  // taken out, yet to be taken apart with the rest
+    // Taken out of the registries, yet to be taken apart with the rest.
+    std::vector<SmartPtr<SubNet>> removedSubNets_;
+    std::vector<SmartPtr<SubHighway>> removedSubHighways_;
     bool tornDown_ = false;
 };
 
