@@ -174,6 +174,9 @@ public:
     bool GetGraphicRegenerationSuspended() const;
     void SetGraphicRegenerationSuspended(bool suspended);
     bool ItemHasCrossingPoints(SmartPtr<AbstractFigureItem> const& item);
+    /// Notes that the course of a sub-net or sub-highway changed, so that its crossings and arrows
+    /// are looked at again. Sub-nets and sub-highways call it; constant time.
+    void NoteWireChanged(AbstractFigureItem& wire);
     /// The box of what the figure shows, computed when unknown by a walk of all content.
     DBox2D GetExtents();
     /// `DBox2D::EMPTY` has the box computed anew when next asked for.
@@ -242,6 +245,7 @@ private:
     void RemoveFormat(SmartPtr<AbstractFigureItem> const& item);
     void RemoveSubHighway(SmartPtr<AbstractFigureItem> const& item);
     void RemoveSubNet(SmartPtr<AbstractFigureItem> const& item);
+    void UpdateArrows();
     void DrawWires();
     void NoteFailure(SmartPtr<figk::AbstractDelta> const& delta);
     void PostItemsChanged(Items const& items);

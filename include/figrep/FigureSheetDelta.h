@@ -59,6 +59,7 @@ protected:
 
 private:
     void ApplyCopy(figk::AbstractDeltaReceiver& receiver);
+    void ForgetWalk();
     void PopulatePortMap(Figure& figure);
     void CreatePortNodeFigureDetails(SmartPtr<Figure> const& figure);
 

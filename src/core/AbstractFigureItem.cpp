@@ -69,7 +69,9 @@ AbstractFigureItem::AbstractFigureItem(SmartPtr<zvk::ReadWriteLock> const& lock,
 
 AbstractFigureItem::~AbstractFigureItem() = default;
 
-zvk::ClassType const& AbstractFigureItem::GetClassType() const { return CLASS_TYPE; }
+zvk::ClassType const& AbstractFigureItem::GetClassType() const {
+    return CLASS_TYPE;
+}
 
 std::string const& AbstractFigureItem::GetName() const {
     zvk::ReadGuard guard(itemLock_);
@@ -113,13 +115,17 @@ SmartPtr<zvk::ReadWriteLock> const& AbstractFigureItem::GetLock() const {
     return itemLock_;
 }
 
-KernelItemType AbstractFigureItem::GetKernelType() const { return GetKernelType(GetType()); }
+KernelItemType AbstractFigureItem::GetKernelType() const {
+    return GetKernelType(GetType());
+}
 
 KernelItemType AbstractFigureItem::GetKernelType(FigureItemType type) {
     return static_cast<KernelItemType>(TypeOf(type).kernelType);
 }
 
-std::string AbstractFigureItem::GetTypeName() const { return TypeOf(GetType()).name; }
+std::string AbstractFigureItem::GetTypeName() const {
+    return TypeOf(GetType()).name;
+}
 
 Symbol AbstractFigureItem::GetUITypeName() const {
     zvk::ReadGuard guard(itemLock_);

@@ -20,14 +20,13 @@
 #include <figrep/TextLabelContainerGroup.h>
 #include <figrep/TitleBlockGraphicsGenerator.h>
 #include <zvk/ReadWriteLock.h>
+#include "FindFigureItemVisitor.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdio>
 #include <unordered_set>
-
-#include "FindFigureItemVisitor.h"
 
 namespace figrep {
 
@@ -77,24 +76,33 @@ void Figure::TearDown() {
 void Figure::DestroyConnectivity() {
     if (activeSubNet_) activeSubNet_->Deactivate();
     activeSubNet_.Reset();
-    for (auto const& subNet : subNets_) subNet->DestroyConnectivity();
-    for (auto const& subNet : removedSubNets_) subNet->DestroyConnectivity();
+    for (auto const& subNet : subNets_)
+        subNet->DestroyConnectivity();
+    for (auto const& subNet : removedSubNets_)
+        subNet->DestroyConnectivity();
     subNets_.clear();
     removedSubNets_.clear();
-    for (auto const& subHighway : subHighways_) subHighway->DestroyConnectivity();
-    for (auto const& subHighway : removedSubHighways_) subHighway->DestroyConnectivity();
+    for (auto const& subHighway : subHighways_)
+        subHighway->DestroyConnectivity();
+    for (auto const& subHighway : removedSubHighways_)
+        subHighway->DestroyConnectivity();
     subHighways_.clear();
     removedSubHighways_.clear();
 }
 
 void Figure::ClearCableInstances() {
-    for (auto const& cable : cableInstances_) cable->ClearSubNets();
+    for (auto const& cable : cableInstances_)
+        cable->ClearSubNets();
     cableInstances_.clear();
 }
 
-zvk::ClassType const& Figure::GetClassType() const { return CLASS_TYPE; }
+zvk::ClassType const& Figure::GetClassType() const {
+    return CLASS_TYPE;
+}
 
-SmartPtr<zvk::ReadWriteLock> const& Figure::GetLock() const { return GetObjectLock(); }
+SmartPtr<zvk::ReadWriteLock> const& Figure::GetLock() const {
+    return GetObjectLock();
+}
 
 std::vector<SmartPtr<BlockInstance>> Figure::GetBlockInstances() const {
     zvk::ReadGuard guard(GetLock());
@@ -162,7 +170,8 @@ namespace {
 
 template <typename Item>
 void AcceptAll(std::vector<SmartPtr<Item>> const& items, AbstractFigureVisitor& visitor) {
-    for (auto const& item : items) item->Accept(visitor);
+    for (auto const& item : items)
+        item->Accept(visitor);
 }
 
 }  // namespace
@@ -290,6 +299,8 @@ std::string Figure::GenerateNextGraphicName() {
     return text.data();
 }
 
-Symbol Figure::GetTextOwnerId() const { return Symbol::EMPTY; }
+Symbol Figure::GetTextOwnerId() const {
+    return Symbol::EMPTY;
+}
 
 }  // namespace figrep

@@ -16,10 +16,9 @@
 #include <figrep/TitleBlock.h>
 #include <figrep/TitleBlockGraphicsGenerator.h>
 #include <zvk/ReadWriteLock.h>
+#include "FindFigureItemVisitor.h"
 
 #include <algorithm>
-
-#include "FindFigureItemVisitor.h"
 
 namespace figrep {
 
@@ -88,6 +87,7 @@ void Figure::Receive(SmartPtr<SubHighway> const& subHighway) {
     if (!subHighway) return;
     zvk::WriteGuard guard(GetLock());
     Register(subHighways_, subHighway);
+    NoteWireChanged(*subHighway);
     EraseFirst(removedSubHighways_, subHighway);
 }
 
@@ -95,6 +95,7 @@ void Figure::Receive(SmartPtr<SubNet> const& subNet) {
     if (!subNet) return;
     zvk::WriteGuard guard(GetLock());
     Register(subNets_, subNet);
+    NoteWireChanged(*subNet);
     AddItemToSbomKernelFigureMap(subNet);
     EraseFirst(removedSubNets_, subNet);
 }
@@ -206,7 +207,7 @@ void Figure::ClearContent() {
     zvk::WriteGuard guard(GetLock());
     pivotInProgress_ = true;
     crossingPoints_->Reset();
-    arrowPatterns_->Retain({});
+    arrowPatterns_->Reset();
     DestroyConnectivity();
     ClearCableInstances();
     pivotInProgress_ = false;

@@ -83,6 +83,8 @@ void Figure::PostVisibilityEvent(Items const& items, bool visible) {
     PostObservableEvent(FigureItemsChangedEvent(this, items, id, visible), false);
 }
 
-void Figure::Refresh() { PostChangedEvent(); }
+void Figure::Refresh() {
+    PostChangedEvent();
+}
 
 }  // namespace figrep

@@ -4,6 +4,8 @@
 
 namespace figrep {
 
-SmartPtr<Figure> FigureLink::GetFigure() const { return SmartPtr<Figure>(figure_); }
+SmartPtr<Figure> FigureLink::GetFigure() const {
+    return SmartPtr<Figure>(figure_);
+}
 
 }  // namespace figrep

@@ -33,16 +33,22 @@ void Draw(std::vector<SmartPtr<Wire>> const& wires, SegmentGraphicsGenerator& ge
 
 void Figure::ProcessNewContent() {
     zvk::WriteGuard guard(GetLock());
-    arrowPatterns_->ForgetStale(subNets_);
     Accept(*crossingPoints_);
-    Accept(*arrowPatterns_);
+    UpdateArrows();
 }
 
-// Wires that were moved, or given another arrow style, since the last delta are new content too.
+// Only marked sub-nets can need arrows: whatever changes a style or a course marks them.
+void Figure::UpdateArrows() {
+    arrowPatterns_->ForgetChanged();
+    for (auto const& subNet : Marked(subNets_))
+        subNet->Accept(*arrowPatterns_);
+}
+
+// Wires may have been moved, or given another arrow style, since the last delta.
 void Figure::UpdateContent() {
     zvk::WriteGuard guard(GetLock());
     if (!loaded_) return;
-    ProcessNewContent();
+    UpdateArrows();
     crossingPoints_->Update();
     DrawWires();
 }
@@ -56,6 +62,13 @@ void Figure::DrawWires() {
         Draw(Marked(subNets_), generator);
     }
     generator.VisitComplete(self);
+}
+
+void Figure::NoteWireChanged(AbstractFigureItem& wire) {
+    zvk::WriteGuard guard(GetLock());
+    if (tornDown_) return;
+    crossingPoints_->NoteChanged(wire);
+    arrowPatterns_->NoteChanged(wire);
 }
 
 bool Figure::GetGraphicRegenerationSuspended() const {

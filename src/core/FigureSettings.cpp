@@ -26,9 +26,8 @@ ConstSmartPtr<Setting> MakeSetting(Setting::RepKey key, Value const& value,
 }  // namespace
 
 void Figure::SetDefaultLineAttributes() {
-    ConstSmartPtr<zv2d::LineAttributes> const attributes =
-        new zv2d::LineAttributes(1, 2, zv2d::LineStyleList::GetDefault(), 0, 3, 0, 3, Color::BLACK,
-                                 Color::BLACK, nullptr);
+    ConstSmartPtr<zv2d::LineAttributes> const attributes = new zv2d::LineAttributes(
+        1, 2, zv2d::LineStyleList::GetDefault(), 0, 3, 0, 3, Color::BLACK, Color::BLACK, nullptr);
     SettingList::AddSetting(
         MakeSetting(Setting::LINE_ATTRIBUTES, attributes, figk::Setting::LEVEL_DEFAULT), true);
 }
@@ -89,8 +88,10 @@ ConstSmartPtr<figk::Setting> Figure::GetInheritedSetting(Setting::RepKey key, un
 // All wires fall back on the figure.
 void Figure::SettingsChanged() {
     zvk::WriteGuard guard(GetLock());
-    for (auto const& subHighway : subHighways_) subHighway->SetGraphicalUpdateNeeded(true);
-    for (auto const& subNet : subNets_) subNet->SetGraphicalUpdateNeeded(true);
+    for (auto const& subHighway : subHighways_)
+        subHighway->SetGraphicalUpdateNeeded(true);
+    for (auto const& subNet : subNets_)
+        subNet->SetGraphicalUpdateNeeded(true);
 }
 
 bool Figure::GetFormatGridOn() const {

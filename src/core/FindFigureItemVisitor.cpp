@@ -56,7 +56,8 @@ void FindFigureItemVisitor::WalkFigure() {
 
 void FindFigureItemVisitor::WalkPending() {
     auto const items = std::exchange(pending_, {});
-    for (auto const& item : items) item->Accept(*this);
+    for (auto const& item : items)
+        item->Accept(*this);
 }
 
 SmartPtr<AbstractFigureItem> FindFigureItemVisitor::Lookup(Symbol const& id) const {
@@ -69,17 +70,41 @@ bool FindFigureItemVisitor::Record(SmartPtr<AbstractFigureItem> const& item) {
     return true;
 }
 
-bool FindFigureItemVisitor::Visit(SmartPtr<TitleBlock> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<TextGraphic> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<TableInstance> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<SubNet> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<SubHighway> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<PortNode> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<Miscellaneous> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<GenericGraphic> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<Format> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<ConnectorInstance> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<CableInstance> const& item) { return Record(item); }
-bool FindFigureItemVisitor::Visit(SmartPtr<BlockInstance> const& item) { return Record(item); }
+bool FindFigureItemVisitor::Visit(SmartPtr<TitleBlock> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<TextGraphic> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<TableInstance> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<SubNet> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<SubHighway> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<PortNode> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<Miscellaneous> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<GenericGraphic> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<Format> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<ConnectorInstance> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<CableInstance> const& item) {
+    return Record(item);
+}
+bool FindFigureItemVisitor::Visit(SmartPtr<BlockInstance> const& item) {
+    return Record(item);
+}
 
 }  // namespace figrep

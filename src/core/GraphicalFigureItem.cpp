@@ -29,8 +29,12 @@ void GraphicalFigureItem::SetVisibility(bool on) {
     SetMemberVisibility(on);
 }
 
-void GraphicalFigureItem::Accept(AbstractFigureVisitor& visitor) { GraphicGroup::Accept(visitor); }
+void GraphicalFigureItem::Accept(AbstractFigureVisitor& visitor) {
+    GraphicGroup::Accept(visitor);
+}
 
-DBox2D GraphicalFigureItem::GetExtents() { return GetMemberExtents(); }
+DBox2D GraphicalFigureItem::GetExtents() {
+    return GetMemberExtents();
+}
 
 }  // namespace figrep
