@@ -1,5 +1,6 @@
 #include <figrep/Figure.h>
 
+#include <figk/AbstractDelta.h>
 #include <figk/AbstractItem.h>
 #include <figk/Design.h>
 #include <figk/SchematicKernel.h>

@@ -1,4 +1,6 @@
 // How items come into a figure and leave it.
+#include <figk/AbstractDelta.h>
+#include <figk/AbstractItem.h>
 #include <figk/Design.h>
 #include <figk/Sheet.h>
 #include <figrep/ArrowPatternGenerator.h>
