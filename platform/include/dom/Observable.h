@@ -26,7 +26,8 @@ protected:
     bool RemoveProxy(du::SmartPtr<Observer> const& observer);
     bool HasProxies() const;
 
-    /// Has the event write a message to each proxy, in the order of registering.
+    /// Has the event write a message to each proxy, in the order of registering. Forgets the
+    /// proxies of observers that are gone.
     void PostToProxies(ObservableEvent const& event);
 
 private:

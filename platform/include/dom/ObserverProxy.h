@@ -28,6 +28,11 @@ public:
     void End();
 
     bool IsFor(du::SmartPtr<Observer> const& observer) const;
+    /// Null when the observer is gone or going.
+    du::SmartPtr<Observer> GetObserver() const;
+
+    /// Whether the observer is gone.
+    bool IsOrphan() const { return mailbox_.expired(); }
 
     /// From now on nothing arrives, not even what waits in the queue.
     void Close() { closed_ = true; }

@@ -58,6 +58,7 @@ private:
     using Part = std::variant<Property, std::unique_ptr<SerializedContentElement>>;
 
     void Append(du::Symbol const& key, Value const& value);
+    static void Show(Property const& property, SerializedContentVisitor& visitor);
 
     du::Symbol name_;
     std::vector<Part> parts_;

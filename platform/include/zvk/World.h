@@ -5,6 +5,7 @@
 #include <zvk/Observable.h>
 #include <zvk/Observer.h>
 
+#include <mutex>
 #include <vector>
 
 namespace zvk {
@@ -49,6 +50,9 @@ public:
 
 private:
     void Notify(unsigned char id, bool flag);
+
+    std::mutex mutex_;
+    std::vector<du::SmartPtr<dom::ObserverProxy>> directProxies_;  // guarded by mutex_
 };
 
 }  // namespace zvk
