@@ -113,7 +113,7 @@ TEST(SvgPainter, NumbersThatAreNotFiniteAreLeftOut) {
 
 TEST(SvgPainter, ItemsCarryTheirIdTypeAndNet) {
     XmlDocument const document = Painted([](SvgPainter& p) {
-        p.BeginItem({"/a/b 1", "NetSegment", "n", "/SDA", false});
+        p.BeginItem({"/a/b 1", "NetSegment", "n", "/SDA", "", false});
         p.EndItem();
     });
     XmlElement const group = document.Named("g").at(0);
@@ -126,7 +126,7 @@ TEST(SvgPainter, ItemsCarryTheirIdTypeAndNet) {
 TEST(SvgPainter, ItemsThatShareAnIdGetIdsOfTheirOwn) {
     XmlDocument const document = Painted([](SvgPainter& p) {
         for (char const* id : {"a/b", "a_b", "a/b", "", ""}) {
-            p.BeginItem({id, "T", "", "", false});
+            p.BeginItem({id, "T", "", "", "", false});
             p.EndItem();
         }
     });
@@ -159,7 +159,7 @@ TEST(SvgPainter, TurnedTextIsTurnedTheOtherWayWithYDown) {
 TEST(SvgPainter, HostileNamesAndTextsLeaveTheDocumentWellFormed) {
     std::string const nasty = "<&>\"'\x01\x1B\xFF\xC0\x80 ]]> \xEF\xBF\xBF\n";
     XmlDocument const document = Painted([&](SvgPainter& p) {
-        p.BeginItem({nasty, nasty, nasty, nasty, true});
+        p.BeginItem({nasty, nasty, nasty, nasty, "", true});
         p.Text(Text(L"<&>\"'\x01]]>\x1B", {0, 0}));
         p.EndItem();
     });
@@ -210,7 +210,7 @@ TEST(SvgPainter, TransparentSheetHasNoBackground) {
 
 TEST(SvgPainter, TheSameCallsGiveTheSameBytes) {
     auto draw = [](SvgPainter& p) {
-        p.BeginItem({"a", "T", "", "", false});
+        p.BeginItem({"a", "T", "", "", "", false});
         p.Text(Text(L"~{A}B", {1, 2}));
         p.EndItem();
     };
