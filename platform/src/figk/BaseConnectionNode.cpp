@@ -162,7 +162,7 @@ void BaseConnectionNode::Disconnect() {
     // every node that leaves: what takes a wide tree down node by node stays linear.
     if (Node* upper = LogicalPredecessor()) {
         upper->MakePackingReal();
-        Unlink(*upper, *this);
+        Unlink(*LogicalPredecessor(), *this);
     }
     MakePackingReal();
     while (left_)
