@@ -8,6 +8,9 @@
 
 namespace figrep {
 
+class BlockTransform;
+struct BlockLook;
+
 /// A box of a diagram. It holds its connectors and its children; a child moves with its parent
 /// only. The figure holds every box, children too, so children aren't walked from here.
 ///
@@ -16,7 +19,7 @@ namespace figrep {
 class BaseBlockInstance : public GraphicalFigureItem, public TextLabelContainer {
 public:
     using TextLabelContainer::Add;
-    /// Nests a block in this one.
+    /// Nests a block in this one, unless this one stands inside it.
     void Add(SmartPtr<BaseBlockInstance> const& child);
 
     /// Null at the top.
@@ -51,7 +54,8 @@ protected:
     BaseBlockInstance(SmartPtr<zvk::ReadWriteLock> const& lock, std::string const& name);
     ~BaseBlockInstance() override;
 
-    // Transform the block with all that it holds. The write lock is the caller's.
+    // Transform the block with all that it holds, children included. The write lock is the
+    // caller's.
     virtual void Move(double dx, double dy);
     virtual void Rotate(DPoint2D const& about, double radians);
     virtual void Scale(DPoint2D const& about, double factor);
@@ -62,18 +66,34 @@ protected:
 
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
 
     /// Graphics, then labels: what every kind of block shows to a visitor.
     void AcceptGraphicsAndLabels(AbstractFigureVisitor& visitor);
     void AcceptConnectors(AbstractFigureVisitor& visitor);
 
+    /// Does one transform to this block without its children. Kinds of blocks that hold more than
+    /// graphics, labels and connectors add to it.
+    virtual void TransformAlone(BlockTransform const& transform);
+    /// Sets one look of this block without its children.
+    virtual void SetLookAlone(BlockLook const& look);
+
 private:
     friend class ConnectorInstance;
+    friend class SubNet;
 
-    template <class Transform>
-    void TransformIfTop(Transform const& transform);
-    void Transformed();
+    using Family = std::vector<SmartPtr<BaseBlockInstance>>;
+
+    /// This block and all blocks below it, parents before children. Nesting may be deep, so
+    /// nothing here recurses.
+    Family GetFamily() const;
+    bool IsInside(BaseBlockInstance const& other) const;
+    void TransformFamily(BlockTransform const& transform);
+    void SetFamilyLook(BlockLook const& look);
+    DBox2D MeasureExtents();
     void ForgetExtents();
+    SmartPtr<figk::Zv2dGraphics> GetPictureInPlace() const;
 
     std::vector<SmartPtr<ConnectorInstance>> connectorInstances_;
     BaseBlockInstance* parent_ = nullptr;

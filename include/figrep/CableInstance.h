@@ -22,19 +22,16 @@ public:
     std::vector<SmartPtr<SubNet>> GetSubNets() const;
 
     FigureItemType GetType() const override;
-    void SetHighlight(bool on) override;
-    void SetPreselectHighlight(bool on) override;
-    void SetVisibility(bool on) override;
     /// Graphics and labels, where `Visit` answers true.
     void Accept(AbstractFigureVisitor& visitor) override;
 
     SmartPtr<figk::CableInstance> GetKernelCableInstance() const;
 
 protected:
-    void Move(double dx, double dy) override;
-    void Rotate(DPoint2D const& about, double radians) override;
-    void Scale(DPoint2D const& about, double factor) override;
-    void Mirror(DPoint2D const& about, bool mirrorY) override;
+    /// The sub-nets move with the cable.
+    void TransformAlone(BlockTransform const& transform) override;
+    /// The sub-nets look as the cable does.
+    void SetLookAlone(BlockLook const& look) override;
     void DeriveId() override;
     /// Marks the sub-nets, which inherit from the cable.
     void SettingsChanged() override;

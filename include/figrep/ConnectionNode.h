@@ -87,13 +87,9 @@ protected:
     /// whether the walk goes on into the successors.
     virtual bool AcceptNode(AbstractFigureVisitor& visitor) = 0;
 
-    /// The lock handed to the constructor; null means that nothing is locked.
-    SmartPtr<zvk::ReadWriteLock> const& GetNodeLock() const { return nodeLock_; }
-
 private:
-    SmartPtr<ConnectionNode> FindLeafForHead(SmartPtr<SubNet> const& subNet) const;
+    SmartPtr<ConnectionNode> FindLeafForHead(SmartPtr<SubNet> const& subNet);
 
-    SmartPtr<zvk::ReadWriteLock> nodeLock_;
     bool prePivotSuspended_ = false;
 };
 

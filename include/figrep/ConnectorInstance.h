@@ -67,6 +67,8 @@ protected:
     void DeriveId() override;
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
 
 private:
     friend class BaseBlockInstance;

@@ -54,10 +54,10 @@ protected:
     void DeriveId() override;
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
     void OwnerWiresChanged() override;
     void OwnerTextLabelAdded(SmartPtr<TextGraphic> const& text) override;
-    /// Below a highway segment a junction is a meeting point that every walk passes.
-    bool BranchesMeetBelow() const override;
 
 private:
     SmartPtr<SubHighway> subHighway_;

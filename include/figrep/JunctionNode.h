@@ -6,7 +6,7 @@
 namespace figrep {
 
 /// A branch of a tree. It has no place, no picture, no sub-net and no figure, and every walk
-/// enters it.
+/// enters it. The rules by which a junction with one branch left collapses are those of the base.
 class JunctionNode : public ConnectionNode {
 public:
     JunctionNode(SmartPtr<zvk::ReadWriteLock> const& lock,
@@ -18,13 +18,6 @@ public:
     ConnectionNodeType GetNodeType() const override;
     bool IsJunction() const override;
     std::string ToString() const override;
-
-    /// Takes a neighbour off, and the junction itself away once it has one branch left: the other
-    /// branch then hangs below the predecessor. Answers what stands where the junction stood: the
-    /// junction, its predecessor, or null for a junction that was head.
-    SmartPtr<figk::BaseConnectionNode> Disconnect(
-        SmartPtr<figk::BaseConnectionNode> const& other) override;
-    using figk::BaseConnectionNode::Disconnect;
 
     void Accept(AbstractFigureVisitor& visitor) override;
     bool Visit(SmartPtr<SubNet> const& subNet) const override;

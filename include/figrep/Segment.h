@@ -70,6 +70,8 @@ public:
     bool HasCrossingPoints() const;
     /// Takes every crossing off this segment and off the one that it crosses.
     void RemoveAllCrossingPoints();
+    /// Marks the owners of the wires that cross this one.
+    void MarkCrossingPartners();
 
     // Arrows.
     void Add(ArrowInfo const& arrow);
@@ -121,16 +123,12 @@ protected:
     void AcceptContents(AbstractFigureVisitor& visitor);
 
 private:
-    friend class SubNet;
-    friend class SubHighway;
     struct Extras;
 
     Extras& GetExtras();
     template <class Transform>
     void TransformEnds(Transform const& transform);
     void GeometryChanged();
-    /// Marks the owners of the wires that cross this one.
-    void MarkCrossingPartners();
 
     DPoint2D start_;
     DPoint2D end_;

@@ -1,6 +1,7 @@
 // The piece of a highway on one sheet: owner of one tree of highway segments.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include <figrep/GraphicalFigureItem.h>
@@ -44,7 +45,6 @@ public:
     /// As for `SubNet`.
     bool GetGraphicalUpdateNeeded() const;
     void SetGraphicalUpdateNeeded(bool needed);
-    unsigned int GetGeometryRevision() const;
     void MarkCrossingPartners();
 
     /// The box of all highway segments; computed at most once between changes.
@@ -68,6 +68,8 @@ protected:
     void DeriveId() override;
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
     void SettingsChanged() override;
 
     // Transform all nodes of the highway. The write lock is the caller's.
@@ -105,7 +107,8 @@ private:
     mutable SmartPtr<TextGraphic> singleTextLabel_;
     unsigned int nextHighwaySegmentId_ = 0;
     unsigned int nextTextLabelId_ = 0;
-    unsigned int geometryRevision_ = 0;
+    /// Counts the changes of what stands on the highway, for the boxes of its sub-nets.
+    std::uint64_t revision_ = 0;
     mutable bool singleTextLabelAcquired_ = false;
     bool graphicalUpdateNeeded_ = true;
 };

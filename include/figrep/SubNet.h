@@ -1,6 +1,7 @@
 // The piece of a net on one sheet: owner of one tree of wire nodes.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include <figrep/GraphicalFigureItem.h>
@@ -62,10 +63,6 @@ public:
     /// setting here; lowered by `Figure::UpdateContent` when it has drawn them.
     bool GetGraphicalUpdateNeeded() const;
     void SetGraphicalUpdateNeeded(bool needed);
-    /// Another number after every change of the wires' geometry: what was computed from the ends
-    /// of the wires holds while it stays. Never goes back.
-    unsigned int GetGeometryRevision() const;
-
     /// Marks every sub-net whose wires cross one of this sub-net's, since a setting here can
     /// decide how the crossing looks. Turns no tree.
     void MarkCrossingPartners();
@@ -93,6 +90,8 @@ protected:
     void DeriveId() override;
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
     void SettingsChanged() override;
 
     // Transform the wires of the net and its port nodes, but nothing that stands on a highway.
@@ -120,6 +119,8 @@ private:
     unsigned int GetNextNetSegmentId();
     void AcquireSingleTextLabel() const;
     DBox2D GetSubNetExtents() const;
+    /// Another number whenever a highway on which the sub-net runs has changed.
+    std::uint64_t HighwayRevision() const;
 
     /// The wires have other ends: forgets the box and asks for pictures.
     void WiresChanged();
@@ -142,7 +143,8 @@ private:
     std::vector<SmartPtr<HighwayNode>> highwayNodes_;
     unsigned int nextNetSegmentId_ = 0;
     unsigned int nextTextLabelId_ = 0;
-    unsigned int geometryRevision_ = 0;
+    /// The highways' state for which the cached box holds.
+    std::uint64_t extentsRevision_ = 0;
     mutable bool singleTextLabelAcquired_ = false;
     bool graphicalUpdateNeeded_ = true;
 };

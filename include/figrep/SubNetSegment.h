@@ -29,6 +29,8 @@ protected:
 
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
     void OwnerWiresChanged() override;
     void OwnerTextLabelAdded(SmartPtr<TextGraphic> const& text) override;
 

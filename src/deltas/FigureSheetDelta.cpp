@@ -9,7 +9,6 @@
 #include <figk/SubHighway.h>
 #include <figrep/AbstractKernelToFigureFactory.h>
 #include <figrep/Figure.h>
-#include <figrep/FixConnectivity.h>
 #include <figrep/HighwayNode.h>
 #include <figrep/Port.h>
 #include <figrep/PortNode.h>
@@ -19,6 +18,7 @@
 #include <figrep/SubNet.h>
 #include <zvk/ReadWriteLock.h>
 #include <zvk/SerializedContentElement.h>
+#include "connectivity/FixConnectivity.h"
 #include "deltas/KernelMaps.h"
 
 namespace figrep {
