@@ -162,7 +162,9 @@ void BaseConnectionNode::Disconnect() {
     // every node that leaves: what takes a wide tree down node by node stays linear.
     if (Node* upper = LogicalPredecessor()) {
         upper->MakePackingReal();
-        Unlink(*LogicalPredecessor(), *this);
+        NodePtr const holder(LogicalPredecessor());
+        Unlink(*holder, *this);
+        holder->DropDeadEnd();
     }
     MakePackingReal();
     while (left_)

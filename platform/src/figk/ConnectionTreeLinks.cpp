@@ -300,6 +300,18 @@ SmartPtr<BaseConnectionNode> BaseConnectionNode::CollapseJunction(Node const* ke
     return junction;
 }
 
+/// Unlinks a junction without branches that hangs from a junction, and those above that are left the
+/// same: junctions that hold nothing but one another would keep themselves alive for good.
+void BaseConnectionNode::DropDeadEnd() {
+    NodePtr junction(this);
+    while (junction->IsJunction() && !junction->left_) {
+        NodePtr const upper(junction->LogicalPredecessor());
+        if (!upper || !upper->IsJunction()) return;
+        Unlink(*upper, *junction);
+        junction = upper;
+    }
+}
+
 /// Puts the only branch of this junction in its place, so that the order of those beside it stays.
 void BaseConnectionNode::LeaveTo(NodePtr const& branch) {
     NodePtr const self(this);
