@@ -1,13 +1,18 @@
 #include <figrep/FigureSheetDelta.h>
 
+#include "connectivity/FixConnectivity.h"
+#include "deltas/KernelMaps.h"
 #include <figk/Design.h>
 #include <figk/GetSheetVisitor.h>
+#include <figk/HighwayNode.h>
+#include <figk/NetSegment.h>
 #include <figk/Port.h>
 #include <figk/PortNode.h>
 #include <figk/SchematicKernel.h>
 #include <figk/Sheet.h>
 #include <figk/SubHighway.h>
 #include <figrep/AbstractKernelToFigureFactory.h>
+#include <figrep/BaseBlockInstance.h>
 #include <figrep/Figure.h>
 #include <figrep/HighwayNode.h>
 #include <figrep/Port.h>
@@ -18,8 +23,6 @@
 #include <figrep/SubNet.h>
 #include <zvk/ReadWriteLock.h>
 #include <zvk/SerializedContentElement.h>
-#include "connectivity/FixConnectivity.h"
-#include "deltas/KernelMaps.h"
 
 namespace figrep {
 
