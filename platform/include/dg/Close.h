@@ -13,15 +13,16 @@ namespace dg {
 inline constexpr double CONTACT_TOLERANCE = 0.0001;
 
 /// Whether the distance of the points is at most `tolerance` times the largest of 1 and their
-/// distances from the origin. False when a coordinate is not a number.
+/// distances from the origin. False when a coordinate is not finite.
 inline bool Close(DPoint2D const& a, DPoint2D const& b, double tolerance = CONTACT_TOLERANCE) {
     double const scale = std::max({1.0, DVec2(a).Norm(), DVec2(b).Norm()});
-    return (a - b).Norm() <= tolerance * scale;
+    return std::isfinite(scale) && (a - b).Norm() <= tolerance * scale;
 }
 
 /// The same for one coordinate.
 inline bool CloseCoordinate(double a, double b, double tolerance = CONTACT_TOLERANCE) {
-    return std::fabs(a - b) <= tolerance * std::max({1.0, std::fabs(a), std::fabs(b)});
+    double const scale = std::max({1.0, std::fabs(a), std::fabs(b)});
+    return std::isfinite(scale) && std::fabs(a - b) <= tolerance * scale;
 }
 
 }  // namespace dg
