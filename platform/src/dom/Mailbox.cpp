@@ -59,7 +59,7 @@ std::deque<Message> Mailbox::TakeAll() {
 
 du::SmartPtr<Observer> Mailbox::GetObserver() {
     std::lock_guard const guard(mutex_);
-    if (!observer_ || !observer_->TryAddRef()) return nullptr;
+    if (!observer_ || !counted_->TryAddRef()) return nullptr;
     return du::Adopt(observer_);
 }
 

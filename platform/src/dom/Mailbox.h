@@ -38,10 +38,12 @@ public:
     du::SmartPtr<Observer> GetObserver();
 
 private:
-    explicit Mailbox(Observer* observer) : observer_(observer) {}
+    explicit Mailbox(Observer* observer) : observer_(observer), counted_(observer) {}
 
     std::mutex mutex_;
-    Observer* observer_;         // guarded by mutex_; null once the observer is going
+    Observer* observer_;  // guarded by mutex_; null once the observer is going
+    // The observer's count, to be reached without reading the observer, which may be half gone.
+    du::RefCounted const* const counted_;
     std::deque<Message> queue_;  // guarded by mutex_
 };
 
