@@ -3,7 +3,7 @@
 
 #include <dg/Point.h>
 #include <du/RefCounted.h>
-#include <figk/CrossingPointStyle.h>
+#include <figk/SettingValue.h>
 #include <figrep/Fwd.h>
 
 namespace figrep {

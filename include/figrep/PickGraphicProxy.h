@@ -36,6 +36,8 @@ private:
     PickGraphicProxy(SmartPtr<zvk::ReadWriteLock> const& lock, DPoint2D const& start,
                      DPoint2D const& end);
     void DeriveId() override;
+    template <typename Transform>
+    void TransformEnds(Transform const& transform);
 
     DPoint2D start_;
     DPoint2D end_;
