@@ -8,6 +8,8 @@
 
 namespace figrep {
 
+class CrossingSegments;
+
 /// One crossing of a vertical and a horizontal segment: which style marks it and which lies on top.
 ///
 /// Ownership: the two segments' lists hold it; it knows a segment whose list holds it by a plain
@@ -37,9 +39,19 @@ public:
                     DPoint2D& gapEnd) const;
 
 private:
-    friend class CrossingPointsVisitor;
+    friend class CrossingSegments;
 
-    // Putting it on a segment's list and taking it off again, holding the segment while it is off.
+    /// A crossing on neither list yet, of segments that aren't null.
+    static SmartPtr<CrossingPoint> CreateFree(SmartPtr<zvk::ReadWriteLock> const& lock,
+                                              SmartPtr<Segment> const& segment1,
+                                              SmartPtr<Segment> const& segment2,
+                                              DPoint2D const& position);
+    struct Free {};
+    CrossingPoint(Free, SmartPtr<zvk::ReadWriteLock> const& lock,
+                  SmartPtr<Segment> const& segment1, SmartPtr<Segment> const& segment2,
+                  DPoint2D const& position);
+
+    /// Goes on the segment's list, or off it. While off, it holds the segment.
     void Join(Segment& segment);
     void Leave(Segment& segment);
     SmartPtr<Segment>& HoldOf(Segment const& segment);

@@ -9,10 +9,12 @@
 
 namespace figrep {
 
+class CrossingSegments;
+
 /// The crossing engine of one figure: nets cross nets, highways cross highways.
 ///
-/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or noted
-/// as changed. `Update` takes in what was noted since, then finds the crossings of all segments and
+/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or whose
+/// course has changed. `Update` takes in what has changed since, then finds the crossings of all segments and
 /// puts `CrossingPoint`s on them, or takes them off, only where the result differs from what is
 /// there. Cost: n log n + crossings for n segments; a change of a few segments costs a scan of the
 /// coordinates of all.
@@ -51,25 +53,26 @@ public:
     bool Visit(SmartPtr<CableInstance> const&) override { return false; }
     bool Visit(SmartPtr<BlockInstance> const&) override { return false; }
     using AbstractFigureVisitor::Visit;
+    void VisitComplete(SmartPtr<SubNet> const& subNet) override;
+    void VisitComplete(SmartPtr<SubHighway> const& subHighway) override;
     void VisitComplete(SmartPtr<Figure> const& figure) override;
     using AbstractFigureVisitor::VisitComplete;
     bool VisitTextLabelContainer(SmartPtr<TextLabelContainer> const&) override { return false; }
 
 private:
-    enum class Mode { COLLECT, UPDATING, REMOVE, QUERY };
-    class SegmentSet;
+    enum class Mode { COLLECT, QUERY };
 
-    bool VisitOwner(SmartPtr<AbstractFigureItem> const& owner, SegmentSet& set);
-    bool VisitSegment(SmartPtr<Segment> const& segment, SegmentSet& set);
-    bool UpdateSet(SegmentSet& set);
-    SegmentSet* SetOf(AbstractFigureItem const& owner) const;
+    bool VisitOwner(SmartPtr<AbstractFigureItem> const& owner, CrossingSegments& segments);
+    bool VisitSegment(SmartPtr<Segment> const& segment, CrossingSegments& segments);
+    void TakeInChanged(CrossingSegments& segments);
+    CrossingSegments* SegmentsOf(AbstractFigureItem const& owner) const;
 
     Figure* figure_;
     Mode mode_ = Mode::COLLECT;
-    std::unique_ptr<SegmentSet> highways_;
-    std::unique_ptr<SegmentSet> nets_;
+    std::unique_ptr<CrossingSegments> highways_;
+    std::unique_ptr<CrossingSegments> nets_;
     bool inHighway_ = false;
-    bool found_ = false;
+    bool found_ = false;  // the answer of a query
 };
 
 }  // namespace figrep

@@ -123,6 +123,7 @@ protected:
     void AcceptContents(AbstractFigureVisitor& visitor);
 
 private:
+    friend class CrossingPoint;
     struct Extras;
 
     Extras& GetExtras();
