@@ -29,9 +29,9 @@ public:
     void Remove(SmartPtr<SubNet> const& subNet);
     /// Notes that the sub-net's course changed. Constant time; other items are ignored.
     void NoteChanged(AbstractFigureItem const& wire);
-    /// Takes the arrows off the sub-nets that were noted or whose style differs from the one
-    /// applied, and forgets these, so that the next walk puts their arrows on anew. Cost: linear
-    /// in the sub-nets with arrows.
+    /// Takes the arrows off the sub-nets that were noted, or are marked for new pictures and have
+    /// another course or style than when the arrows were put on, and forgets these, so that the
+    /// next walk puts their arrows on anew. Cost: linear in the sub-nets with arrows.
     void ForgetChanged();
     /// Forgets all sub-nets. What stands on their segments stays.
     void Reset();
@@ -52,10 +52,14 @@ public:
 
 private:
     struct Applied {
+        SmartPtr<SubNet> subNet;
         figk::ArrowStyle style;
+        unsigned revision = 0;  // of the geometry that the arrows were put on
         bool changed = false;
     };
 
+    static bool IsStale(Applied const& applied);
+    static void RemoveArrows(SmartPtr<SubNet> const& subNet);
     static SmartPtr<ConnectionNode> FindStartNode(SmartPtr<SubNet> const& subNet);
     static void FindCentrePoint(SmartPtr<ConnectionNode> const& head, SmartPtr<Segment>& segmentOut,
                                 DPoint2D& pointOut);
@@ -66,7 +70,7 @@ private:
 
     SmartPtr<SubNet> currentSubNet_;  // null outside a sub-net being processed
     figk::ArrowStyle style_;          // the one in force for it
-    std::unordered_map<SmartPtr<SubNet>, Applied> appliedStyles_;
+    std::unordered_map<SubNet const*, Applied> appliedStyles_;
     SmartPtr<Segment> centreSegment_;
     DPoint2D centrePoint_;
 };

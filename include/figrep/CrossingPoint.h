@@ -47,9 +47,8 @@ private:
                                               SmartPtr<Segment> const& segment2,
                                               DPoint2D const& position);
     struct Free {};
-    CrossingPoint(Free, SmartPtr<zvk::ReadWriteLock> const& lock,
-                  SmartPtr<Segment> const& segment1, SmartPtr<Segment> const& segment2,
-                  DPoint2D const& position);
+    CrossingPoint(Free, SmartPtr<zvk::ReadWriteLock> const& lock, SmartPtr<Segment> const& segment1,
+                  SmartPtr<Segment> const& segment2, DPoint2D const& position);
 
     /// Goes on the segment's list, or off it. While off, it holds the segment.
     void Join(Segment& segment);

@@ -14,10 +14,10 @@ class CrossingSegments;
 /// The crossing engine of one figure: nets cross nets, highways cross highways.
 ///
 /// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or whose
-/// course has changed. `Update` takes in what has changed since, then finds the crossings of all segments and
-/// puts `CrossingPoint`s on them, or takes them off, only where the result differs from what is
-/// there. Cost: n log n + crossings for n segments; a change of a few segments costs a scan of the
-/// coordinates of all.
+/// course has changed. `Update` takes in what has changed since, then finds the crossings of all
+/// segments and puts `CrossingPoint`s on them, or takes them off, only where the result differs
+/// from what is there. Cost: n log n + crossings for n segments; a change of a few segments costs a
+/// scan of the coordinates of all.
 ///
 /// Ownership: the figure holds it and is known by a plain pointer; it holds the segments it has
 /// taken in. Locking: none of its own, the figure calls it under the write lock.

@@ -22,6 +22,7 @@ public:
     SegmentGraphicsGenerator(SmartPtr<Figure> const& figure, bool includeUnrouted);
     ~SegmentGraphicsGenerator() override;
 
+    bool StartGroupVisit(SmartPtr<figk::Group> const&) override { return false; }
     bool Visit(SmartPtr<UnroutedConnection> const& connection) override;
     bool Visit(SmartPtr<TitleBlock> const&) override { return false; }
     bool Visit(SmartPtr<TableInstance> const&) override { return false; }
@@ -47,14 +48,14 @@ private:
         Vertices vertices;
     };
 
-    void BeginPass(SmartPtr<GraphicGroup> const& group);
+    void Begin(GraphicGroup& group);
     void DrawSegment(SmartPtr<Segment> const& segment, bool withSymbols);
-    bool IsTransparent(SmartPtr<Segment> const& segment);
-    SmartPtr<Segment> GetSubTreeHeadSegment(SmartPtr<Segment> const& segment);
-    Run* GetRun(SmartPtr<Segment> const& segment);
+    int GetRun(SmartPtr<Segment> const& segment);
 
     void HandleCrossingPoints(Vertices& vertices, SmartPtr<Segment> const& segment,
                               DPoint2D const& start);
+    void BreakAt(Vertices& vertices, SmartPtr<Segment> const& segment, DPoint2D const& gapStart,
+                 DPoint2D const& gapEnd);
     bool GenerateCrossingPoint(SmartPtr<Segment> const& segment,
                                SmartPtr<CrossingPoint> const& crossing, DPoint2D const& start,
                                DPoint2D& gapStart, DPoint2D& gapEnd);
@@ -68,7 +69,6 @@ private:
 
     bool includeUnrouted_ = false;
     SmartPtr<Figure> figure_;
-    SmartPtr<zvk::ReadWriteLock> lock_;  // the figure's
     SmartPtr<SubHighway> currentSubHighway_;
     SmartPtr<SubNet> currentSubNet_;
 

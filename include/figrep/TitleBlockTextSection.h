@@ -28,8 +28,8 @@ public:
     unsigned GetId() const { return id_; }
     SmartPtr<figk::TitleBlockTextSection> GetKernelTitleBlockTextSection() const;
 
-    // The look, as the kernel's section has it. Without one: 0, false, black.
-    int GetAlignment() const;
+    // The look, as the kernel's section has it. Without one: left, plain, black, 0.
+    figk::TitleBlockTextSection::Alignment GetAlignment() const;
     bool GetBold() const;
     bool GetItalic() const;
     bool GetUnderline() const;

@@ -68,7 +68,9 @@ void BaseGraphic::SetVisibility(bool on) {
     }
 }
 
-std::string const& BaseGraphic::GetName() const { return AbstractFigureItem::GetName(); }
+std::string const& BaseGraphic::GetName() const {
+    return AbstractFigureItem::GetName();
+}
 
 void BaseGraphic::MoveItem(double dx, double dy) {
     zvk::WriteGuard guard(GetLock());
@@ -149,7 +151,9 @@ void BaseGraphic::Mirror(DPoint2D const& point, bool axis) {
     TransformGraphics([&](figk::Zv2dGraphics& graphics) { graphics.Mirror(point, axis); });
 }
 
-void BaseGraphic::MoveGraphics(double dx, double dy) { BaseGraphic::MoveItem(dx, dy); }
+void BaseGraphic::MoveGraphics(double dx, double dy) {
+    BaseGraphic::MoveItem(dx, dy);
+}
 
 void BaseGraphic::RotateGraphics(DPoint2D const& centre, double radians) {
     BaseGraphic::RotateItem(centre, radians);
@@ -165,7 +169,9 @@ void BaseGraphic::MirrorGraphics(DPoint2D const& point, bool axis) {
 
 // The member of a group.
 
-DBox2D BaseGraphic::GetMemberExtents() { return GetExtents(); }
+DBox2D BaseGraphic::GetMemberExtents() {
+    return GetExtents();
+}
 
 void BaseGraphic::SetMemberHighlight(bool on) {
     zvk::WriteGuard guard(GetLock());
@@ -208,8 +214,7 @@ void BaseGraphic::UpdateRenderInfoBase() {
     Color color = Color::BLACK;
     renderInfo_.SetColor(GetColorFromSettings(color) ? color : Color::BLACK);
     Color background;
-    if (renderInfo_.GetFillBackground() &&
-        GetColorSetting(Setting::BACKGROUND_COLOR, background)) {
+    if (renderInfo_.GetFillBackground() && GetColorSetting(Setting::BACKGROUND_COLOR, background)) {
         renderInfo_.SetBackgroundColor(background);
     }
     UpdateHighlight();
@@ -223,7 +228,9 @@ bool BaseGraphic::GetColorFromSettings(Color& out) const {
     return GetColorSetting(Setting::COLOR, out);
 }
 
-SmartPtr<RenderInfo> BaseGraphic::CloneRenderInfo() const { return renderInfo_.Clone(); }
+SmartPtr<RenderInfo> BaseGraphic::CloneRenderInfo() const {
+    return renderInfo_.Clone();
+}
 
 bool BaseGraphic::GetFillBackground() const {
     zvk::ReadGuard guard(GetLock());

@@ -25,9 +25,13 @@ bool CalcFigureExtentsVisitor::Visit(SmartPtr<SubNet> const&) {
     return true;
 }
 
-void CalcFigureExtentsVisitor::VisitComplete(SmartPtr<SubNet> const&) { inSubNet_ = false; }
+void CalcFigureExtentsVisitor::VisitComplete(SmartPtr<SubNet> const&) {
+    inSubNet_ = false;
+}
 
-bool CalcFigureExtentsVisitor::Visit(SmartPtr<PickGraphicProxy> const&) { return false; }
+bool CalcFigureExtentsVisitor::Visit(SmartPtr<PickGraphicProxy> const&) {
+    return false;
+}
 
 bool CalcFigureExtentsVisitor::Visit(SmartPtr<GenericGraphic> const& graphic) {
     extents_.Enclose(graphic->GetExtents());

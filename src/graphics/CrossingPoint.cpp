@@ -28,10 +28,10 @@ struct Choice {
 };
 
 ConstSmartPtr<zv2d::Attributes> GetSymbolAttributes() {
-    zv2d::LineAttributes const line(zv2d::LineAttributes::JOIN_ROUND, zv2d::LineAttributes::CAP_ROUND,
-                                    zv2d::LineStyleList::GetDefault(), 0.0F,
-                                    zv2d::LineAttributes::KIND_DEVICE, 0.0F,
-                                    zv2d::LineAttributes::KIND_DEVICE, Color::BLACK, Color::BLACK);
+    zv2d::LineAttributes const line(
+        zv2d::LineAttributes::JOIN_ROUND, zv2d::LineAttributes::CAP_ROUND,
+        zv2d::LineStyleList::GetDefault(), 0.0F, zv2d::LineAttributes::KIND_DEVICE, 0.0F,
+        zv2d::LineAttributes::KIND_DEVICE, Color::BLACK, Color::BLACK);
     return zv2d::Attributes::Get(zv2d::Attributes(line));
 }
 
@@ -115,8 +115,8 @@ figk::CrossingPointStyle CrossingPoint::AcquireStyleFromSettings() const {
     using Style = Choice<figk::CrossingPointStyle>;
     auto const ask = [](Segment const& segment) {
         Style choice;
-        choice.set = segment.GetCrossingPointStyleSetting(
-            Setting::CROSSING_POINT_STYLE, choice.value, choice.level, choice.depth);
+        choice.set = segment.GetCrossingPointStyleSetting(Setting::CROSSING_POINT_STYLE,
+                                                          choice.value, choice.level, choice.depth);
         return choice;
     };
     Style const first = ask(*segment1_);
@@ -204,8 +204,7 @@ void CrossingPoint::AddArcSymbol(ConstSmartPtr<Segment> const& segment,
         radius += width * 0.5F;
     }
     dg::CircularArc<double, 2> const arc(centre, static_cast<double>(radius), start, end);
-    definition->Add(
-        new zv2d::CircularArc(arc, zv2d::CircularArc::OPEN, GetSymbolAttributes()));
+    definition->Add(new zv2d::CircularArc(arc, zv2d::CircularArc::OPEN, GetSymbolAttributes()));
 }
 
 }  // namespace figrep

@@ -99,9 +99,13 @@ bool CrossingPointsVisitor::Visit(SmartPtr<SubHighway> const& subHighway) {
     return VisitOwner(subHighway, *highways_);
 }
 
-void CrossingPointsVisitor::VisitComplete(SmartPtr<SubNet> const&) { nets_->Finish(); }
+void CrossingPointsVisitor::VisitComplete(SmartPtr<SubNet> const&) {
+    nets_->Finish();
+}
 
-void CrossingPointsVisitor::VisitComplete(SmartPtr<SubHighway> const&) { highways_->Finish(); }
+void CrossingPointsVisitor::VisitComplete(SmartPtr<SubHighway> const&) {
+    highways_->Finish();
+}
 
 bool CrossingPointsVisitor::VisitSegment(SmartPtr<Segment> const& segment,
                                          CrossingSegments& segments) {

@@ -43,8 +43,7 @@ struct Box {
 
     bool Meets(WireSpan const& wire) const {
         Box const other(wire);
-        return xmin <= other.xmax && other.xmin <= xmax && ymin <= other.ymax &&
-               other.ymin <= ymax;
+        return xmin <= other.xmax && other.xmin <= xmax && ymin <= other.ymax && other.ymin <= ymax;
     }
 };
 
@@ -52,11 +51,15 @@ struct Box {
 
 CrossingSegments::CrossingSegments() = default;
 
-CrossingSegments::~CrossingSegments() { Clear(); }
+CrossingSegments::~CrossingSegments() {
+    Clear();
+}
 
 // Taking segments in.
 
-void CrossingSegments::BeginPass() { ++pass_; }
+void CrossingSegments::BeginPass() {
+    ++pass_;
+}
 
 bool CrossingSegments::Begin(SmartPtr<AbstractFigureItem> const& owner) {
     Finish();
@@ -88,7 +91,8 @@ void CrossingSegments::Finish() {
     Owner& owner = *std::exchange(current_, nullptr);
     owner.slots = MatchSlots(owner.slots);
     collected_.clear();
-    for (Slot slot : owner.slots) ReadEnds(slot);
+    for (Slot slot : owner.slots)
+        ReadEnds(slot);
 }
 
 std::vector<CrossingSegments::Slot> CrossingSegments::MatchSlots(std::vector<Slot> const& before) {
@@ -116,7 +120,8 @@ std::vector<CrossingSegments::Slot> CrossingSegments::MatchSlots(std::vector<Slo
     for (std::size_t i = same; i < before.size(); ++i) {
         if (others.count(segments_[before[i]].Get()) != 0) DropSlot(before[i]);
     }
-    for (std::size_t i : unknown) after[i] = NewSlot(collected_[i]);
+    for (std::size_t i : unknown)
+        after[i] = NewSlot(collected_[i]);
     return after;
 }
 
@@ -180,7 +185,8 @@ void CrossingSegments::DropSlot(Slot slot) {
 }
 
 void CrossingSegments::DropOwner(Owner& owner) {
-    for (Slot slot : owner.slots) DropSlot(slot);
+    for (Slot slot : owner.slots)
+        DropSlot(slot);
     auto const entry = ownerIndex_.find(owner.item.Get());
     auto const place = entry->second;
     ownerIndex_.erase(entry);
@@ -236,13 +242,15 @@ bool CrossingSegments::Update() {
         if (segments_[slot]) RemoveStale(slot, missing);
     }
     touched_.clear();
-    for (Missing const& one : missing) Show(one);
+    for (Missing const& one : missing)
+        Show(one);
     return pairs_ > 0;
 }
 
 void CrossingSegments::Relink() {
     if (dirty_.size() <= FEW_CHANGES) {
-        for (Slot slot : dirty_) TakeOldPartners(slot);
+        for (Slot slot : dirty_)
+            TakeOldPartners(slot);
         FindNearDirty();
     } else {
         for (Slot slot = 0; slot < partners_.size(); ++slot) {
@@ -252,7 +260,8 @@ void CrossingSegments::Relink() {
         sweep_.Find(spans_, found_);
         std::sort(found_.begin(), found_.end());
     }
-    for (WireCrossing const& found : found_) Link(found);
+    for (WireCrossing const& found : found_)
+        Link(found);
     for (auto const& [slot, partners] : old_) {
         for (Partner const& partner : partners) {
             if (partner.kept) continue;
@@ -261,7 +270,8 @@ void CrossingSegments::Relink() {
         }
     }
     old_.clear();
-    for (Slot slot : dirty_) marks_[slot] = static_cast<unsigned char>(marks_[slot] & ~DIRTY);
+    for (Slot slot : dirty_)
+        marks_[slot] = static_cast<unsigned char>(marks_[slot] & ~DIRTY);
     dirty_.clear();
 }
 
@@ -318,9 +328,8 @@ SmartPtr<CrossingPoint> CrossingSegments::TakeKnown(Slot slot, Slot partner,
 
 void CrossingSegments::InsertPartner(Slot slot, Partner const& partner) {
     std::vector<Partner>& partners = partners_[slot];
-    auto const place =
-        std::lower_bound(partners.begin(), partners.end(), partner.slot,
-                         [](Partner const& p, Slot s) { return p.slot < s; });
+    auto const place = std::lower_bound(partners.begin(), partners.end(), partner.slot,
+                                        [](Partner const& p, Slot s) { return p.slot < s; });
     partners.insert(place, partner);
 }
 
@@ -385,7 +394,8 @@ void CrossingSegments::RemoveStale(Slot slot, std::vector<Missing>& missing) {
     std::vector<SmartPtr<CrossingPoint>> items;
     segments_[slot]->GetCrossingPoints(items);
     std::vector<CrossingPoint const*> present;
-    for (auto const& item : items) present.push_back(item.Get());
+    for (auto const& item : items)
+        present.push_back(item.Get());
     std::sort(present.begin(), present.end(), std::less<CrossingPoint const*>());
     std::vector<CrossingPoint const*> right;
     for (Slot partner : GetShown(slot)) {

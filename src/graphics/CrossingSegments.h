@@ -104,8 +104,8 @@ private:
     std::vector<unsigned char> marks_;  // DIRTY, TOUCHED: whether in the list of this name
     std::vector<Slot> free_;
 
-    std::vector<Slot> dirty_;    // with new ends
-    std::vector<Slot> touched_;  // whose list of crossings may be wrong
+    std::vector<Slot> dirty_;                             // with new ends
+    std::vector<Slot> touched_;                           // whose list of crossings may be wrong
     std::unordered_map<Slot, std::vector<Partner>> old_;  // partners before, while linking
     std::size_t pairs_ = 0;
     CrossingSweep sweep_;

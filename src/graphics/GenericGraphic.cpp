@@ -169,14 +169,14 @@ void GenericGraphic::UpdateTexture() {
     ConstSmartPtr<zv2d::Texture> texture;
     figk::Setting::Level textureLevel{};
     unsigned textureDepth = 0;
-    bool applies = GetZv2dTextureSetting(figk::Setting::KEY_TEXTURE, texture, textureLevel,
-                                         textureDepth);
+    bool applies =
+        GetZv2dTextureSetting(figk::Setting::KEY_TEXTURE, texture, textureLevel, textureDepth);
     figk::LineStyleAttr style;
     figk::Setting::Level styleLevel{};
     unsigned styleDepth = 0;
     if (applies && GetLineStyleSetting(Setting::LINE_STYLE, style, styleLevel, styleDepth)) {
-        applies = styleLevel < textureLevel ||
-                  (styleLevel == textureLevel && textureDepth <= styleDepth);
+        applies =
+            styleLevel < textureLevel || (styleLevel == textureLevel && textureDepth <= styleDepth);
     }
     GetRenderInfoForUpdate().SetTexture(applies ? texture : nullptr);
 }

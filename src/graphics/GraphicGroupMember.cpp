@@ -4,9 +4,12 @@
 
 namespace figrep {
 
-GraphicGroupMember::GraphicGroupMember(GraphicGroupMember const& other) : figk::GroupMember(other) {}
+GraphicGroupMember::GraphicGroupMember(GraphicGroupMember const& other)
+    : figk::GroupMember(other) {}
 
-GraphicGroupMember& GraphicGroupMember::operator=(GraphicGroupMember const&) { return *this; }
+GraphicGroupMember& GraphicGroupMember::operator=(GraphicGroupMember const&) {
+    return *this;
+}
 
 GraphicGroupMember::~GraphicGroupMember() = default;
 

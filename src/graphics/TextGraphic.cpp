@@ -21,7 +21,7 @@ namespace figrep {
 
 namespace {
 
-constexpr float LABEL_HEIGHT = 2.54F;             // figure units
+constexpr float LABEL_HEIGHT = 2.54F;              // figure units
 constexpr double LABEL_OFFSET = LABEL_HEIGHT / 3;  // from the wire to the label's baseline
 constexpr double ABOUT_HORIZONTAL = 0.1;           // radians
 
@@ -32,9 +32,8 @@ struct ColorWord {
 };
 
 constexpr ColorWord COLOR_WORDS[] = {
-    {"red", "rd", Color::RED},       {"green", "gn", Color::GREEN},
-    {"blue", "bl", Color::BLUE},     {"yellow", "yw", Color::YELLOW},
-    {"magenta", "mt", Color::MAGENTA}, {"cyan", "cn", Color::CYAN},
+    {"red", "rd", Color::RED},       {"green", "gn", Color::GREEN},     {"blue", "bl", Color::BLUE},
+    {"yellow", "yw", Color::YELLOW}, {"magenta", "mt", Color::MAGENTA}, {"cyan", "cn", Color::CYAN},
 };
 
 /// Takes the first word off `text`; empty when only spaces are left.
@@ -83,8 +82,8 @@ SmartPtr<zv2d::Definition> MakeLabel(std::string const& text) {
     std::wstring const wide = du::Utf8ToWideStr(text);
     auto const attributes =
         zv2d::Attributes::Get(zv2d::Attributes(attrs::TextAttr(font, LABEL_HEIGHT)));
-    SmartPtr<zv2d::Text> const entity(new zv2d::Text(
-        DPoint2D(), wide, true, zv2d::Text::BOTTOM_CENTRE, false, attributes));
+    SmartPtr<zv2d::Text> const entity(
+        new zv2d::Text(DPoint2D(), wide, true, zv2d::Text::BOTTOM_CENTRE, false, attributes));
     float const width = static_cast<float>(wide.size()) * LABEL_HEIGHT;
     double const half = static_cast<double>(width) * 0.5;
     entity->SetBox(DBox2D(-half, 0.0, half, LABEL_HEIGHT));

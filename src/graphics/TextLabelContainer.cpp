@@ -12,13 +12,17 @@ TextLabelContainer::TextLabelContainer(SmartPtr<zvk::ReadWriteLock> const& lock)
 TextLabelContainer::TextLabelContainer(TextLabelContainer const& other)
     : du::RefCounted(other), labelLock_(other.labelLock_) {}
 
-TextLabelContainer& TextLabelContainer::operator=(TextLabelContainer const&) { return *this; }
+TextLabelContainer& TextLabelContainer::operator=(TextLabelContainer const&) {
+    return *this;
+}
 
 TextLabelContainer::~TextLabelContainer() {
     if (textGroup_) textGroup_->container_ = nullptr;
 }
 
-unsigned TextLabelContainer::GetNextTextLabelId() { return 0; }
+unsigned TextLabelContainer::GetNextTextLabelId() {
+    return 0;
+}
 
 void TextLabelContainer::Add(SmartPtr<GraphicGroupMember> const& member) {
     if (!member) return;

@@ -21,7 +21,9 @@ ConstSmartPtr<figk::Setting> TextLabelContainerGroup::GetGroupSetting(Setting::R
     return list->GetSetting(key, depth, true);
 }
 
-void TextLabelContainerGroup::MoveText(double dx, double dy) { MoveGraphics(dx, dy); }
+void TextLabelContainerGroup::MoveText(double dx, double dy) {
+    MoveGraphics(dx, dy);
+}
 
 void TextLabelContainerGroup::RotateText(DPoint2D const& centre, double radians) {
     RotateGraphics(centre, radians);

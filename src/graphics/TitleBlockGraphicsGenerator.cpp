@@ -1,0 +1,7 @@
+#include <figrep/TitleBlockGraphicsGenerator.h>
+
+namespace figrep {
+
+TitleBlockGraphicsGenerator::~TitleBlockGraphicsGenerator() = default;
+
+}  // namespace figrep

@@ -1,0 +1,7 @@
+#include <figrep/TokenInterpreter.h>
+
+namespace figrep {
+
+TokenInterpreter::~TokenInterpreter() = default;
+
+}  // namespace figrep

@@ -1,0 +1,7 @@
+#include <figrep/TokenObserver.h>
+
+namespace figrep {
+
+TokenObserver::~TokenObserver() = default;
+
+}  // namespace figrep
