@@ -30,7 +30,7 @@ public:
     /// Notes that the sub-net's course changed. Constant time; other items are ignored.
     void NoteChanged(AbstractFigureItem const& wire);
     /// Takes the arrows off the sub-nets that were noted, or are marked for new pictures and have
-    /// another course or style than when the arrows were put on, and forgets these, so that the
+    /// another style than the one applied, and forgets these, so that the
     /// next walk puts their arrows on anew. Cost: linear in the sub-nets with arrows.
     void ForgetChanged();
     /// Forgets all sub-nets. What stands on their segments stays.
@@ -54,7 +54,6 @@ private:
     struct Applied {
         SmartPtr<SubNet> subNet;
         figk::ArrowStyle style;
-        unsigned revision = 0;  // of the geometry that the arrows were put on
         bool changed = false;
     };
 

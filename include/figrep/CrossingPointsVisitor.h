@@ -13,8 +13,8 @@ class CrossingSegments;
 
 /// The crossing engine of one figure: nets cross nets, highways cross highways.
 ///
-/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or whose
-/// course has changed. `Update` takes in what has changed since, then finds the crossings of all
+/// A walk over the figure takes in the segments of sub-nets and sub-highways that are new or noted
+/// as changed. `Update` takes in what was noted since, then finds the crossings of all
 /// segments and puts `CrossingPoint`s on them, or takes them off, only where the result differs
 /// from what is there. Cost: n log n + crossings for n segments; a change of a few segments costs a
 /// scan of the coordinates of all.
@@ -64,7 +64,7 @@ private:
 
     bool VisitOwner(SmartPtr<AbstractFigureItem> const& owner, CrossingSegments& segments);
     bool VisitSegment(SmartPtr<Segment> const& segment, CrossingSegments& segments);
-    void TakeInChanged(CrossingSegments& segments);
+    void TakeInNoted(CrossingSegments& segments);
     CrossingSegments* SegmentsOf(AbstractFigureItem const& owner) const;
 
     Figure* figure_;

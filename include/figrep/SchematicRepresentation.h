@@ -72,7 +72,6 @@ public:
 
 private:
     using PortDetails = std::map<Symbol, std::vector<FigurePortNodeDetail>>;
-    friend class FigrepSerializedContentVisitor;
 
     SchematicRepresentation();
     ~SchematicRepresentation() override;

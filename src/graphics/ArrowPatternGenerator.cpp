@@ -28,7 +28,6 @@ void ArrowPatternGenerator::NoteChanged(AbstractFigureItem const& wire) {
 bool ArrowPatternGenerator::IsStale(Applied const& applied) {
     if (applied.changed) return true;
     if (!applied.subNet->GetGraphicalUpdateNeeded()) return false;
-    if (applied.revision != applied.subNet->GetGeometryRevision()) return true;
     figk::ArrowStyle style;
     return !applied.subNet->GetArrowStyleSetting(Setting::ARROW_STYLE, style) ||
            style != applied.style;
@@ -75,7 +74,7 @@ bool ArrowPatternGenerator::Visit(SmartPtr<SubNet> const& subNet) {
     currentSubNet_ = subNet;
     ReassertStartSegment(subNet);
     if (!known) {
-        Applied const record{subNet, style, subNet->GetGeometryRevision(), false};
+        Applied const record{subNet, style, false};
         appliedStyles_.emplace(subNet.Get(), record);
     }
     if (style_.GetPattern() == figk::ArrowStyle::PATTERN_CENTRE) {

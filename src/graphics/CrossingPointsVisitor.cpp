@@ -31,14 +31,14 @@ CrossingSegments* CrossingPointsVisitor::SegmentsOf(AbstractFigureItem const& ow
 void CrossingPointsVisitor::Update() {
     bool found = false;
     for (CrossingSegments* segments : {highways_.get(), nets_.get()}) {
-        TakeInChanged(*segments);
+        TakeInNoted(*segments);
         found = segments->Update() || found;
     }
     if (found && figure_) figure_->SetProfileRequiresGraphicalRegeneration(true);
 }
 
-void CrossingPointsVisitor::TakeInChanged(CrossingSegments& segments) {
-    for (SmartPtr<AbstractFigureItem> const& owner : segments.GetChangedOwners()) {
+void CrossingPointsVisitor::TakeInNoted(CrossingSegments& segments) {
+    for (SmartPtr<AbstractFigureItem> const& owner : segments.GetNotedOwners()) {
         owner->Accept(*this);
     }
 }

@@ -1,8 +1,7 @@
 #include "CrossingSegments.h"
 
+#include <figrep/Figure.h>
 #include <figrep/Segment.h>
-#include <figrep/SubHighway.h>
-#include <figrep/SubNet.h>
 
 #include <algorithm>
 #include <limits>
@@ -18,14 +17,6 @@ constexpr unsigned char TOUCHED = 2;
 
 constexpr double NO_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr WireSpan NO_SPAN{{NO_NUMBER, NO_NUMBER}, {NO_NUMBER, NO_NUMBER}};
-
-unsigned RevisionOf(AbstractFigureItem const& owner) {
-    if (auto const* subNet = dynamic_cast<SubNet const*>(&owner)) {
-        return subNet->GetGeometryRevision();
-    }
-    auto const* subHighway = dynamic_cast<SubHighway const*>(&owner);
-    return subHighway ? subHighway->GetGeometryRevision() : 0;
-}
 
 /// The place that a segment's list takes for one.
 bool SamePlace(DPoint2D const& a, DPoint2D const& b) {
@@ -63,7 +54,6 @@ void CrossingSegments::BeginPass() {
 
 bool CrossingSegments::Begin(SmartPtr<AbstractFigureItem> const& owner) {
     Finish();
-    unsigned const revision = RevisionOf(*owner);
     auto const known = ownerIndex_.find(owner.Get());
     if (known == ownerIndex_.end()) {
         owners_.push_back({});
@@ -73,10 +63,9 @@ bool CrossingSegments::Begin(SmartPtr<AbstractFigureItem> const& owner) {
     } else {
         Owner& record = *known->second;
         record.pass = pass_;
-        if (!record.noted && record.revision == revision) return false;
+        if (!record.noted && owner->GetFigure()) return false;
         current_ = &record;
     }
-    current_->revision = revision;
     current_->pass = pass_;
     current_->noted = false;
     return true;
@@ -198,12 +187,12 @@ void CrossingSegments::Note(AbstractFigureItem const& owner) {
     if (known != ownerIndex_.end()) known->second->noted = true;
 }
 
-std::vector<SmartPtr<AbstractFigureItem>> CrossingSegments::GetChangedOwners() const {
-    std::vector<SmartPtr<AbstractFigureItem>> changed;
+std::vector<SmartPtr<AbstractFigureItem>> CrossingSegments::GetNotedOwners() const {
+    std::vector<SmartPtr<AbstractFigureItem>> noted;
     for (Owner const& owner : owners_) {
-        if (owner.noted || owner.revision != RevisionOf(*owner.item)) changed.push_back(owner.item);
+        if (owner.noted) noted.push_back(owner.item);
     }
-    return changed;
+    return noted;
 }
 
 void CrossingSegments::Remove(AbstractFigureItem const& owner) {

@@ -25,7 +25,8 @@ public:
 
     // Taking in the segments of a sub-net or sub-highway: `Begin`, `Add` each, `Finish`.
     void BeginPass();
-    /// False when the owner's segments are known and haven't changed.
+    /// False when the owner's segments are known and haven't changed. An owner outside any figure
+    /// can't tell of changes and is always taken in anew.
     bool Begin(SmartPtr<AbstractFigureItem> const& owner);
     void Add(SmartPtr<Segment> const& segment);
     void Finish();
@@ -33,8 +34,8 @@ public:
     void EndPass();
 
     void Note(AbstractFigureItem const& owner);
-    /// The owners that have changed since they were taken in, in the order of their arrival.
-    std::vector<SmartPtr<AbstractFigureItem>> GetChangedOwners() const;
+    /// The owners noted since they were taken in, in the order of their arrival. Cost: linear in all.
+    std::vector<SmartPtr<AbstractFigureItem>> GetNotedOwners() const;
     void Remove(AbstractFigureItem const& owner);
     /// Takes all crossings off and forgets everything.
     void Clear();
@@ -48,7 +49,6 @@ private:
 
     struct Owner {
         SmartPtr<AbstractFigureItem> item;
-        unsigned revision = 0;
         unsigned pass = 0;
         bool noted = false;
         std::vector<Slot> slots;
