@@ -80,7 +80,7 @@ public:
     /// remaining branch and answers null.
     virtual SmartPtr<BaseConnectionNode> Disconnect(SmartPtr<BaseConnectionNode> const& other);
     /// Unlinks all neighbours plainly. No junction collapses: those next to this node stay behind
-    /// as they are, with a branch less; only one left empty below another junction goes.
+    /// as they are, with a branch less, unless nothing but junctions is left in their tree.
     virtual void Disconnect();
     /// A fresh check for a walk that starts here, or null for a walk of everything. The base
     /// answers null.
@@ -173,7 +173,8 @@ private:
     void TakeOff(Node const* keep);
     NodePtr DisconnectFromJunction(NodePtr const& other);
     NodePtr CollapseJunction(Node const* keep);
-    void DropDeadEnd();
+    void LeaveBehind(NodePtr const& neighbour);
+    void CutJunctionsAmongThemselves();
     void LeaveTo(NodePtr const& branch);
     void TurnRound();
 

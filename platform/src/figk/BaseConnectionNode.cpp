@@ -162,13 +162,10 @@ void BaseConnectionNode::Disconnect() {
     // every node that leaves: what takes a wide tree down node by node stays linear.
     if (Node* upper = LogicalPredecessor()) {
         upper->MakePackingReal();
-        NodePtr const holder(LogicalPredecessor());
-        Unlink(*holder, *this);
-        holder->DropDeadEnd();
+        LeaveBehind(NodePtr(LogicalPredecessor()));
     }
     MakePackingReal();
-    while (left_)
-        Unlink(*this, *left_);
+    while (left_) LeaveBehind(left_);
 }
 
 SmartPtr<BaseConnectionNode> BaseConnectionNode::Pivot(SmartPtr<BaseConnectionNode> const&) {

@@ -257,7 +257,9 @@ void BaseConnectionNode::ForgetAll() {
 void BaseConnectionNode::TakeOff(Node const* keep) {
     NodePtr const upper(LogicalPredecessor());
     Unlink(*upper, *this);
-    if (upper->IsJunction()) upper->CollapseJunction(keep);
+    if (!upper->IsJunction()) return;
+    NodePtr const rest = upper->CollapseJunction(keep);
+    if (rest && rest.Get() != keep) rest->CutJunctionsAmongThemselves();
 }
 
 SmartPtr<BaseConnectionNode> BaseConnectionNode::DisconnectFromJunction(NodePtr const& other) {
@@ -275,7 +277,9 @@ SmartPtr<BaseConnectionNode> BaseConnectionNode::DisconnectFromJunction(NodePtr 
     } else {
         return NodePtr(this);
     }
-    return CollapseJunction(nullptr);
+    NodePtr const rest = CollapseJunction(nullptr);
+    if (rest) rest->CutJunctionsAmongThemselves();
+    return rest;
 }
 
 /// Takes a junction with fewer than two branches out of the tree, and those above it that it leaves
@@ -284,7 +288,7 @@ SmartPtr<BaseConnectionNode> BaseConnectionNode::CollapseJunction(Node const* ke
     NodePtr junction(this);
     while (junction.Get() != keep) {
         if (!junction->predecessor_) {
-            if (junction->left_ && !junction->right_) Unlink(*junction, *junction->left_);
+            if (junction->left_ && !junction->right_) junction->LeaveBehind(junction->left_);
             return nullptr;
         }
         if (junction->right_) return junction;
@@ -300,16 +304,36 @@ SmartPtr<BaseConnectionNode> BaseConnectionNode::CollapseJunction(Node const* ke
     return junction;
 }
 
-/// Unlinks a junction without branches that hangs from a junction, and those above that are left the
-/// same: junctions that hold nothing but one another would keep themselves alive for good.
-void BaseConnectionNode::DropDeadEnd() {
-    NodePtr junction(this);
-    while (junction->IsJunction() && !junction->left_) {
-        NodePtr const upper(junction->LogicalPredecessor());
-        if (!upper || !upper->IsJunction()) return;
-        Unlink(*upper, *junction);
-        junction = upper;
+/// Unlinks one neighbour plainly.
+void BaseConnectionNode::LeaveBehind(NodePtr const& neighbour) {
+    NodePtr const left = neighbour;
+    if (left->LogicalPredecessor() == this) {
+        Unlink(*this, *left);
+    } else {
+        Unlink(*left, *this);
     }
+    left->CutJunctionsAmongThemselves();
+}
+
+/// Cuts the tree of a junction when there is no other node in it: junctions that hold nothing but
+/// one another would keep themselves alive for good. Cost: the junctions between this one and the
+/// nearest other node.
+void BaseConnectionNode::CutJunctionsAmongThemselves() {
+    struct Place {
+        Node* node;
+        Node* from;
+    };
+    std::vector<Place> reached{{this, nullptr}};
+    for (size_t i = 0; i < reached.size(); ++i) {
+        auto const [node, from] = reached[i];
+        if (!node->IsJunction()) return;
+        for (NodePtr const* next : {&node->predecessor_, &node->left_, &node->right_}) {
+            if (*next && next->Get() != from) reached.push_back({next->Get(), node});
+        }
+    }
+    std::vector<NodePtr> junctions;
+    for (Place const& place : reached) junctions.push_back(NodePtr(place.node));
+    for (NodePtr const& junction : junctions) junction->ForgetAll();
 }
 
 /// Puts the only branch of this junction in its place, so that the order of those beside it stays.
