@@ -21,13 +21,14 @@
 #include <figrep/TextLabelContainerGroup.h>
 #include <figrep/TitleBlockGraphicsGenerator.h>
 #include <zvk/ReadWriteLock.h>
-#include "FindFigureItemVisitor.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdio>
 #include <unordered_set>
+
+#include "FindFigureItemVisitor.h"
 
 namespace figrep {
 

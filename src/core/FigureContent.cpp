@@ -18,9 +18,10 @@
 #include <figrep/TitleBlock.h>
 #include <figrep/TitleBlockGraphicsGenerator.h>
 #include <zvk/ReadWriteLock.h>
-#include "FindFigureItemVisitor.h"
 
 #include <algorithm>
+
+#include "FindFigureItemVisitor.h"
 
 namespace figrep {
 

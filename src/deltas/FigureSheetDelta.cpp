@@ -1,7 +1,5 @@
 #include <figrep/FigureSheetDelta.h>
 
-#include "connectivity/FixConnectivity.h"
-#include "deltas/KernelMaps.h"
 #include <figk/Design.h>
 #include <figk/GetSheetVisitor.h>
 #include <figk/HighwayNode.h>
@@ -23,6 +21,9 @@
 #include <figrep/SubNet.h>
 #include <zvk/ReadWriteLock.h>
 #include <zvk/SerializedContentElement.h>
+
+#include "connectivity/FixConnectivity.h"
+#include "deltas/KernelMaps.h"
 
 namespace figrep {
 

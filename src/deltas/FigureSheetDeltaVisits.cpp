@@ -34,10 +34,11 @@
 #include <figrep/SubNet.h>
 #include <figrep/TableInstance.h>
 #include <figrep/TextGraphic.h>
-#include "deltas/KernelMaps.h"
 
 #include <cstdlib>
 #include <cstring>
+
+#include "deltas/KernelMaps.h"
 
 namespace figrep {
 

@@ -1,5 +1,6 @@
 #include <figk/AbstractDeltaGenerator.h>
 #include <gtest/gtest.h>
+
 #include "Fakes.h"
 
 namespace figrep::testing {

@@ -2,6 +2,7 @@
 #include <figk/SchematicKernel.h>
 #include <figrep/FigureEvents.h>
 #include <gtest/gtest.h>
+
 #include "Fakes.h"
 
 namespace figrep::testing {

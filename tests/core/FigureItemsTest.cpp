@@ -6,9 +6,10 @@
 #include <figrep/TextGraphic.h>
 #include <figrep/UnroutedConnection.h>
 #include <gtest/gtest.h>
-#include "Fakes.h"
 
 #include <algorithm>
+
+#include "Fakes.h"
 
 namespace figrep::testing {
 namespace {

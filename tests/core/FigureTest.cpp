@@ -15,6 +15,7 @@
 #include <figrep/TextLabelContainerGroup.h>
 #include <figrep/TitleBlock.h>
 #include <gtest/gtest.h>
+
 #include "Fakes.h"
 
 namespace figrep::testing {

@@ -18,6 +18,7 @@
 #include <figrep/TitleBlock.h>
 #include <figrep/TokenObserver.h>
 #include <gtest/gtest.h>
+
 #include "Fakes.h"
 
 namespace figrep::testing {

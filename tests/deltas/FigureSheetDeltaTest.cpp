@@ -28,9 +28,10 @@
 #include <zv2d/Instance.h>
 #include <zv2d/TexPolyline.h>
 #include <zvk/SerializedContentElement.h>
-#include "Drawings.h"
 
 #include <cstdlib>
+
+#include "Drawings.h"
 
 namespace figrep::testing {
 namespace {
