@@ -116,7 +116,7 @@ public:
         FindLinks();
         std::vector<std::uint32_t> const roots = FindRoots();
         for (std::uint32_t part = 0; part < partCount; ++part) {
-            if (partUsed[part]) continue;
+            if (partUsed[part] || IsLonePin(roots[part])) continue;
             plan = SubNetPlan{drawing.net, {}};
             partUsed[part] = true;
             PlantHead(roots[part]);
@@ -149,6 +149,11 @@ private:
     bool IsFreeEnd(std::uint32_t vertex) const {
         return !IsBusPoint(vertex) && graph.At(vertex).size() == 1 && ports[vertex].empty() &&
                pins[vertex].size() <= 1;
+    }
+
+    /// Whether all that a piece has is one pin, which no wire needs to show.
+    bool IsLonePin(std::uint32_t root) const {
+        return graph.At(root).empty() && ports[root].empty() && pins[root].size() == 1;
     }
 
     /// Where the tree of each piece begins when it isn't entered from a highway: at the free end

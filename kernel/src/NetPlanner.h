@@ -29,7 +29,7 @@ struct NetDrawing {
 };
 
 /// Plans one sub-net for everything that wires, points and highways join; what only the name joins
-/// stays apart.
+/// stays apart. A single pin that nothing touches makes none.
 ///
 /// - The head is a segment with a free end (with one pin there at most), else a port, else a stub.
 /// - Connectors hang below the head or below leaves of their own.

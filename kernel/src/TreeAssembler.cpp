@@ -126,9 +126,7 @@ void TreeAssembler::AddSubHighway(SubHighwayPlan const& plan, PlacedHighwaySegme
     HighwaySource const& highwaySource = context.source.highways[plan.highway];
     du::SmartPtr<SubHighwayRecord> const record(new SubHighwayRecord(sheet.GetLink(), &highway));
     record->SetId(ids.Make(IdMaker::SUB_HIGHWAY, {}, highwaySource.id + "/" + SmallestId(plan)));
-    record->SetSettings(context.settings.empty() || highwaySource.settings == NO_INDEX
-                            ? nullptr
-                            : highway.GetSettingList());
+    record->SetSettings(highway.GetSettingList());
     highwaySegments.emplace_back();
     std::vector<NodePtr> nodes;
     nodes.reserve(plan.nodes.size());
