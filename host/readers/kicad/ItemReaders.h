@@ -1,0 +1,24 @@
+// The readers of single items; private to the reader of sheets.
+#pragma once
+
+#include <readers/kicad/NodeReader.h>
+
+namespace fighost::kicad {
+
+/// Library symbols with their units, shapes and pins.
+LibrarySymbol ReadLibrarySymbol(NodeReader& reader, SExpression::View list);
+
+/// Lines, boxes, circles, arcs, curves, texts and text boxes, in libraries and on sheets. Nothing
+/// for a keyword that is no shape.
+std::optional<Shape> ReadShape(NodeReader& reader, SExpression::View list);
+
+PlacedSymbol ReadPlacedSymbol(NodeReader& reader, SExpression::View list);
+SheetSymbol ReadSheetSymbol(NodeReader& reader, SExpression::View list);
+Label ReadLabel(NodeReader& reader, SExpression::View list, Label::Kind kind);
+Table ReadTable(NodeReader& reader, SExpression::View list);
+Image ReadImage(NodeReader& reader, SExpression::View list);
+
+/// An angle in degrees as a number of quarter turns, 0 to 3.
+int QuarterTurns(double degrees);
+
+}  // namespace fighost::kicad
