@@ -221,6 +221,7 @@ int QuarterTurns(double degrees) {
 
 PlacedSymbol ReadPlacedSymbol(NodeReader& reader, View list) {
     PlacedSymbol symbol;
+    symbol.place = list.GetPlace();
     for (View child = list.At(1); child; child = child.Next()) {
         ReadSymbolPart(reader, child, symbol);
     }

@@ -158,19 +158,22 @@ SExpression::View SExpression::Root() const {
 void SExpression::Clear() {
     std::string().swap(source);
     std::vector<Node>().swap(nodes);
+    mark = Mark();
 }
 
 Place SExpression::PlaceOf(std::size_t offset) const {
     offset = std::min(offset, source.size());
-    auto const end = source.begin() + static_cast<std::ptrdiff_t>(offset);
-    Place place{file, 1, 1};
-    place.line += static_cast<std::size_t>(std::count(source.begin(), end, '\n'));
-    std::size_t const lineEnd = offset == 0 ? std::string::npos : source.rfind('\n', offset - 1);
-    std::size_t const lineBegin = lineEnd == std::string::npos ? 0 : lineEnd + 1;
-    for (std::size_t i = lineBegin; i < offset; ++i) {
-        if ((static_cast<unsigned char>(source[i]) & 0xC0) != 0x80) ++place.column;
+    if (offset < mark.offset) mark = Mark();
+    for (; mark.offset < offset; ++mark.offset) {
+        char const c = source[mark.offset];
+        if (c == '\n') {
+            ++mark.line;
+            mark.column = 1;
+        } else if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) {
+            ++mark.column;
+        }
     }
-    return place;
+    return {file, mark.line, mark.column};
 }
 
 bool SExpression::View::IsList() const { return tree && tree->nodes[index].kind == LIST; }

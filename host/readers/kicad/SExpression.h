@@ -81,11 +81,19 @@ private:
 
     class Parser;
 
+    /// A place that was worked out; the next one is counted on from here.
+    struct Mark {
+        std::size_t offset = 0;
+        std::size_t line = 1;
+        std::size_t column = 1;
+    };
+
     Place PlaceOf(std::size_t offset) const;
 
     std::string file;
     std::string source;
     std::vector<Node> nodes;
+    mutable Mark mark;
 };
 
 }  // namespace fighost::kicad

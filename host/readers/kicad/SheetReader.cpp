@@ -89,11 +89,7 @@ private:
 
     void ReadUuid(View list) { sheet.uuid = NodeReader::Text(list); }
 
-    void ReadSymbol(View list) {
-        PlacedSymbol symbol = ReadPlacedSymbol(reader, list);
-        Keep(sheet.symbols, std::move(symbol));
-    }
-
+    void ReadSymbol(View list) { Keep(sheet.symbols, ReadPlacedSymbol(reader, list)); }
     void ReadSheet(View list) { Keep(sheet.sheets, ReadSheetSymbol(reader, list)); }
 
     void ReadLines(View list, std::vector<Line>& lines) {
