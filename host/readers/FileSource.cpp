@@ -12,7 +12,9 @@ namespace {
 
 using FileHandle = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-int LeaveOpen(std::FILE*) { return 0; }
+int LeaveOpen(std::FILE*) {
+    return 0;
+}
 
 FileHandle Open(std::string const& path) {
     if (path == "-") return {stdin, &LeaveOpen};
@@ -36,8 +38,7 @@ FileSource::Status ReadAll(std::FILE* file, std::size_t limit, std::string& byte
 
 }  // namespace
 
-FileSource::Status DiskFiles::Read(std::string const& path, std::size_t limit,
-                                   std::string& bytes) {
+FileSource::Status DiskFiles::Read(std::string const& path, std::size_t limit, std::string& bytes) {
     bytes.clear();
     if (path != "-") {
         std::error_code failure;

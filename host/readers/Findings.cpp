@@ -27,13 +27,15 @@ void Findings::Count(std::string_view kind) {
 std::vector<WarningCount> Findings::GetWarnings() const {
     std::vector<WarningCount> result;
     result.reserve(warnings.size());
-    for (auto const& [kind, warning] : warnings) result.push_back(warning);
+    for (auto const& [kind, warning] : warnings)
+        result.push_back(warning);
     return result;
 }
 
 std::size_t Findings::GetWarningCount() const {
     std::size_t sum = 0;
-    for (auto const& [kind, warning] : warnings) sum += warning.count;
+    for (auto const& [kind, warning] : warnings)
+        sum += warning.count;
     return sum;
 }
 

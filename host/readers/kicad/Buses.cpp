@@ -30,8 +30,7 @@ bool BusResolver::AddDriver(SheetGraph const& sheet, Node node, GivenName const&
     if (exceeded) return false;
     bool const global = strength == NameClass::GLOBAL_LABEL;
     std::string full = global ? given.name : sheet.instance->path + given.name;
-    all.push_back(
-        {node, sheet.index, strength, given.name, std::move(full), &bus, inNameSpace});
+    all.push_back({node, sheet.index, strength, given.name, std::move(full), &bus, inNameSpace});
     return true;
 }
 
@@ -101,7 +100,8 @@ bool BusResolver::CollectNames(std::vector<SheetGraph> const& sheets) {
 
 std::vector<BusGroup> BusResolver::JoinMembers() {
     std::map<Node, std::vector<Driver const*>> groups;
-    for (Driver const& driver : all) groups[sets.Find(driver.node)].push_back(&driver);
+    for (Driver const& driver : all)
+        groups[sets.Find(driver.node)].push_back(&driver);
     std::vector<BusGroup> result;
     for (auto& [root, drivers] : groups) {
         std::sort(drivers.begin(), drivers.end(),

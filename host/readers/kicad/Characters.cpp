@@ -58,18 +58,27 @@ int HexDigit(char c) {
 
 char SimpleEscape(char c) {
     switch (c) {
-        case 'n': return '\n';
-        case 't': return '\t';
-        case 'r': return '\r';
-        case 'a': return '\a';
-        case 'b': return '\b';
-        case 'f': return '\f';
-        case 'v': return '\v';
-        default: return c;
+        case 'n':
+            return '\n';
+        case 't':
+            return '\t';
+        case 'r':
+            return '\r';
+        case 'a':
+            return '\a';
+        case 'b':
+            return '\b';
+        case 'f':
+            return '\f';
+        case 'v':
+            return '\v';
+        default:
+            return c;
     }
 }
 
-/// Reads up to `most` digits of `base` behind `at`; answers the byte and moves `at` to the last one.
+/// Reads up to `most` digits of `base` behind `at`; answers the byte and moves `at` to the last
+/// one.
 char NumberEscape(std::string_view raw, std::size_t& at, unsigned base, unsigned most) {
     unsigned value = 0;
     for (unsigned i = 0; i < most && at + 1 < raw.size(); ++i) {

@@ -17,8 +17,12 @@ using Length = std::int64_t;
 
 inline constexpr double LENGTHS_PER_MM = 10000.0;
 
-inline double ToMm(Length length) { return static_cast<double>(length) / LENGTHS_PER_MM; }
-inline Length FromMm(double mm) { return std::llround(mm * LENGTHS_PER_MM); }
+inline double ToMm(Length length) {
+    return static_cast<double>(length) / LENGTHS_PER_MM;
+}
+inline Length FromMm(double mm) {
+    return std::llround(mm * LENGTHS_PER_MM);
+}
 
 struct Point {
     Length x = 0;
@@ -37,14 +41,25 @@ struct PointHash {
     }
 };
 
-/// The same point in figure coordinates: millimetres, y up.
-inline dg::DPoint2D ToFigure(Point p) { return {ToMm(p.x), p.y == 0 ? 0.0 : -ToMm(p.y)}; }
+/// From the file's coordinates to millimetres with y up. On sheets, where the file counts y
+/// downward from the paper's upper edge, the paper's lower left corner becomes the origin.
+struct Frame {
+    bool flips = false;  ///< sheets; symbols in libraries have y up already
+    Length height = 0;   ///< of the paper
+
+    dg::DPoint2D operator()(Point p) const { return {ToMm(p.x), ToMm(flips ? height - p.y : p.y)}; }
+};
 
 /// True when `p` lies on the line from `a` to `b`, ends included.
 inline bool IsOnLine(Point p, Point a, Point b) {
     if (p.x < std::min(a.x, b.x) || p.x > std::max(a.x, b.x)) return false;
     if (p.y < std::min(a.y, b.y) || p.y > std::max(a.y, b.y)) return false;
     return (p.x - a.x) * (b.y - a.y) == (p.y - a.y) * (b.x - a.x);
+}
+
+/// An angle in degrees as a number of quarter turns, 0 to 3.
+inline int QuarterTurns(double degrees) {
+    return static_cast<int>(((std::lround(degrees / 90) % 4) + 4) % 4);
 }
 
 /// A turn by quarters and a mirroring, from a symbol's own coordinates (y up) to the sheet's (y

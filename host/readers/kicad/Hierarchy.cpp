@@ -10,9 +10,12 @@ namespace {
 
 std::string SentenceFor(FileSource::Status status) {
     switch (status) {
-        case FileSource::Status::MISSING: return "There is no such file";
-        case FileSource::Status::TOO_LARGE: return "The file is too large";
-        default: return "The file can't be read";
+        case FileSource::Status::MISSING:
+            return "There is no such file";
+        case FileSource::Status::TOO_LARGE:
+            return "The file is too large";
+        default:
+            return "The file can't be read";
     }
 }
 
@@ -33,7 +36,8 @@ public:
         out.project = ReadProject(source, rootPath, limits, findings);
         if (auto error = Load(rootPath)) return error;
         AddRoot();
-        for (std::size_t i = 0; i < out.sheets.size(); ++i) out.sheets[i].children.clear();
+        for (std::size_t i = 0; i < out.sheets.size(); ++i)
+            out.sheets[i].children.clear();
         if (auto error = AddSubSheets()) return error;
         CollectAliases();
         for (SymbolInstance const& instance : out.Root().instanceTable) {
@@ -177,7 +181,8 @@ private:
                 out.aliases.emplace(alias.name, alias.members);
             }
         }
-        for (auto const& [name, members] : out.project.aliases) out.aliases[name] = members;
+        for (auto const& [name, members] : out.project.aliases)
+            out.aliases[name] = members;
     }
 
     std::string Expand(std::string const& text) const {

@@ -21,10 +21,10 @@ inline constexpr std::uint32_t NO_SHEET = 0xFFFFFFFFu;
 /// One place of a sheet file in the design.
 struct SheetInstance {
     SheetFile const* file = nullptr;
-    std::string id;        ///< "/<root uuid>/<uuid of the sheet's symbol>/..."
-    std::string tableId;   ///< the same without the root's uuid: how version 6 names it
-    std::string name;      ///< as a user calls it; of the root the file's base name
-    std::string path;      ///< "/power/regulator/"; "/" for the root
+    std::string id;       ///< "/<root uuid>/<uuid of the sheet's symbol>/..."
+    std::string tableId;  ///< the same without the root's uuid: how version 6 names it
+    std::string name;     ///< as a user calls it; of the root the file's base name
+    std::string path;     ///< "/power/regulator/"; "/" for the root
     std::string page;
     unsigned depth = 0;
     std::uint32_t parent = NO_SHEET;
@@ -44,7 +44,8 @@ struct Hierarchy {
 };
 
 /// Loads the root and all that it includes. Answers the error that keeps the root from being shown,
-/// or a limit that was reached. A sub-sheet that is missing, broken or includes itself is a warning.
+/// or a limit that was reached. A sub-sheet that is missing, broken or includes itself is a
+/// warning.
 std::optional<Finding> LoadHierarchy(FileSource& source, std::string const& rootPath,
                                      Limits const& limits, Findings& findings, Hierarchy& result);
 

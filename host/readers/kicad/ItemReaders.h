@@ -18,7 +18,4 @@ Label ReadLabel(NodeReader& reader, SExpression::View list, Label::Kind kind);
 Table ReadTable(NodeReader& reader, SExpression::View list);
 Image ReadImage(NodeReader& reader, SExpression::View list);
 
-/// An angle in degrees as a number of quarter turns, 0 to 3.
-int QuarterTurns(double degrees);
-
 }  // namespace fighost::kicad

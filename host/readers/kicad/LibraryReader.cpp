@@ -9,10 +9,9 @@ namespace {
 using View = SExpression::View;
 
 bool IsIgnoredInSymbol(std::string_view key) {
-    static constexpr std::string_view KNOWN[] = {"in_bom",           "on_board",
-                                                 "exclude_from_sim", "in_pos_files",
-                                                 "embedded_fonts",   "embedded_files",
-                                                 "body_styles",      "unit_name"};
+    static constexpr std::string_view KNOWN[] = {
+        "in_bom",         "on_board",       "exclude_from_sim", "in_pos_files",
+        "embedded_fonts", "embedded_files", "body_styles",      "unit_name"};
     for (std::string_view const known : KNOWN) {
         if (key == known) return true;
     }
@@ -65,7 +64,8 @@ void ReadPinPart(NodeReader& reader, View child, LibraryPin& pin) {
 LibraryPin ReadPin(NodeReader& reader, View list) {
     LibraryPin pin;
     ReadTypeAndShape(list, 1, pin.type, pin.shape);
-    for (View child = list.At(3); child; child = child.Next()) ReadPinPart(reader, child, pin);
+    for (View child = list.At(3); child; child = child.Next())
+        ReadPinPart(reader, child, pin);
     return pin;
 }
 
@@ -89,6 +89,7 @@ LibraryUnit ReadUnit(NodeReader& reader, View list) {
             LibraryPin pin = ReadPin(reader, child);
             if (!reader.TakeFailure()) unit.pins.push_back(std::move(pin));
         } else if (auto shape = ReadShape(reader, child)) {
+            if (shape->kind == Shape::TEXT) shape->angle /= 10;  // in libraries tenths of degrees
             if (!reader.TakeFailure()) unit.shapes.push_back(std::move(*shape));
         } else if (child.Keyword() != "unit_name") {
             reader.WarnUnknown(child, "symbol");
@@ -123,7 +124,8 @@ void ReadPinNumbers(NodeReader& reader, View list, LibrarySymbol& symbol) {
 void ReadJumperGroups(View list, LibrarySymbol& symbol) {
     for (View group = list.At(1); group; group = group.Next()) {
         std::vector<std::string> numbers;
-        for (View pin = group.FirstChild(); pin; pin = pin.Next()) numbers.push_back(pin.Text());
+        for (View pin = group.FirstChild(); pin; pin = pin.Next())
+            numbers.push_back(pin.Text());
         if (numbers.size() > 1) symbol.jumperGroups.push_back(std::move(numbers));
     }
 }

@@ -9,13 +9,15 @@ LineIndex::LineIndex(std::vector<Line> const& list) : lines(list) {
         Line const& line = lines[i];
         bool const isColumn = line.from.x == line.to.x && line.from.y != line.to.y;
         bool const isRow = line.from.y == line.to.y;
-        auto const [from, to] = isColumn ? std::minmax(line.from.y, line.to.y)
-                                         : std::minmax(line.from.x, line.to.x);
+        auto const [from, to] =
+            isColumn ? std::minmax(line.from.y, line.to.y) : std::minmax(line.from.x, line.to.x);
         Spans& spans = isRow ? rows[line.from.y] : isColumn ? columns[line.from.x] : slanting;
         spans.push_back({from, to, to, i});
     }
-    for (auto& row : rows) Finish(row.second);
-    for (auto& column : columns) Finish(column.second);
+    for (auto& row : rows)
+        Finish(row.second);
+    for (auto& column : columns)
+        Finish(column.second);
     Finish(slanting);
 }
 

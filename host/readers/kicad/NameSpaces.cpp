@@ -57,10 +57,10 @@ PowerName PowerNameOf(ResolvedSymbol const& symbol, ResolvedPin const& pin, int 
     if (pin.type != "power_in") return {};
     if (symbol.IsPower()) {
         bool const byPin = pin.library->hidden && rootVersion < VERSION_POWER_BY_VALUE;
-        return {byPin ? pin.name : symbol.value, symbol.library->powerLocal};
+        return {byPin ? pin.library->name : symbol.value, symbol.library->powerLocal};
     }
-    if (!pin.library->hidden || pin.name == "~") return {};
-    return {pin.name, false};
+    if (!pin.library->hidden || pin.library->name == "~") return {};
+    return {pin.library->name, false};
 }
 
 Node NameSpaces::NetOf(std::uint32_t sheet, std::string const& name) {

@@ -84,7 +84,8 @@ public:
                        power.local ? sheet.instance->path + power.name : power.name});
             }
         }
-        for (Node const node : sheet.marked) pins[netOf[node]].marked = true;
+        for (Node const node : sheet.marked)
+            pins[netOf[node]].marked = true;
     }
 
     /// To be called last: only nets that nothing else names take a pin's name.
@@ -124,8 +125,8 @@ private:
         std::unordered_map<std::string_view, std::string_view> numbers;
         std::unordered_map<std::string_view, bool> shared;
         for (ResolvedPin const& pin : symbol.pins) {
-            auto const [at, fresh] = numbers.emplace(pin.name, pin.library->number);
-            if (!fresh && at->second != pin.library->number) shared[pin.name] = true;
+            auto const [at, fresh] = numbers.emplace(pin.library->name, pin.library->number);
+            if (!fresh && at->second != pin.library->number) shared[pin.library->name] = true;
         }
         return shared;
     }
@@ -136,7 +137,7 @@ private:
         for (std::size_t k = 0; k < symbol.pins.size(); ++k) {
             std::uint32_t const net = netOf[sheet.PinNode(number, k)];
             if (best[net].nameClass < NameClass::PIN) continue;
-            bool const hasShared = shared.count(symbol.pins[k].name) > 0;
+            bool const hasShared = shared.count(symbol.pins[k].library->name) > 0;
             Offer(sheet.PinNode(number, k),
                   {NameClass::PIN, sheet.instance->depth,
                    PinNetName(symbol, symbol.pins[k], pins[net], hasShared)});
@@ -147,12 +148,13 @@ private:
                            PinState const& state, bool shared) const {
         bool const old = hierarchy.Root().version <= VERSION_6;
         bool const unconnected = state.pins == 1 || state.marked;
-        bool const nameless = old || pin.name.empty() || pin.name == "~";
+        std::string const& pinName = pin.library->name;
+        bool const nameless = old || pinName.empty() || pinName == "~";
         std::string name = unconnected ? "unconnected-(" : "Net-(";
         name += symbol.unitCount > 1 && !old
                     ? hierarchy.project.UnitReference(symbol.reference, symbol.unit)
                     : symbol.reference;
-        if (!nameless) name += "-" + Unescape(pin.name);
+        if (!nameless) name += "-" + Unescape(pinName);
         if (nameless || shared || unconnected) name += "-Pad" + pin.numbers.front();
         return name + ")";
     }
@@ -175,7 +177,8 @@ std::vector<Net> NameNets(Hierarchy const& hierarchy, std::vector<SheetGraph> co
         namer.NameBySheetPins(sheet);
         namer.NameByPower(sheet);
     }
-    for (SheetGraph const& sheet : sheets) namer.NameByPins(sheet);
+    for (SheetGraph const& sheet : sheets)
+        namer.NameByPins(sheet);
     return namer.Take();
 }
 

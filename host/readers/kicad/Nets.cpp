@@ -68,15 +68,22 @@ private:
         }
     }
 
-    /// Sets without anything drawn, which only member names make, are no nets.
+    /// Sets without anything that connects, such as lone bus entries and member names that no wire
+    /// bears, are no nets.
     void NumberNets() {
-        for (Node node = 0; node < sets.GetSize(); ++node) {
-            if (isBus[node]) continue;
-            Node const root = sets.Find(node);
-            if (root == node && node < drawn) {
-                out.ofNode[node] = static_cast<std::uint32_t>(netCount++);
+        std::vector<bool> counts(drawn, true);
+        for (SheetGraph const& sheet : out.sheets) {
+            for (std::size_t i = 0; i < sheet.entries.size(); ++i) {
+                counts[sheet.firstEntry + i] = false;
             }
-            out.ofNode[node] = out.ofNode[root];
+        }
+        for (Node node = 0; node < drawn; ++node) {
+            if (isBus[node] || !counts[node]) continue;
+            std::uint32_t& number = out.ofNode[sets.Find(node)];
+            if (number == NO_NET) number = static_cast<std::uint32_t>(netCount++);
+        }
+        for (Node node = 0; node < sets.GetSize(); ++node) {
+            if (!isBus[node]) out.ofNode[node] = out.ofNode[sets.Find(node)];
         }
     }
 

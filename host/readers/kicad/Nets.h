@@ -31,7 +31,7 @@ enum class NameClass : std::uint8_t {
 };
 
 struct Net {
-    std::string name;  ///< unique in the design
+    std::string name;    ///< unique in the design
     bool named = false;  ///< by something else than a pin
 };
 

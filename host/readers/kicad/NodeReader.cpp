@@ -39,14 +39,18 @@ double NodeReader::Number(View word) {
     return 0;
 }
 
-int NodeReader::Integer(View word) { return static_cast<int>(std::lround(Number(word))); }
+int NodeReader::Integer(View word) {
+    return static_cast<int>(std::lround(Number(word)));
+}
 
 Point NodeReader::GetPoint(View list) {
     View const x = list.At(1);
     return {GetLength(x), GetLength(x.Next())};
 }
 
-std::string NodeReader::Text(View list, unsigned number) { return list.At(number).Text(); }
+std::string NodeReader::Text(View list, unsigned number) {
+    return list.At(number).Text();
+}
 
 bool NodeReader::Flag(View node) {
     if (!node.IsList()) return true;

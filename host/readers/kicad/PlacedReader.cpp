@@ -160,7 +160,8 @@ void ReadSheetPart(NodeReader& reader, View child, SheetSymbol& sheet) {
 }
 
 void ReadNumbers(NodeReader& reader, View list, std::vector<double>& numbers) {
-    for (View word = list.At(1); word; word = word.Next()) numbers.push_back(reader.Number(word));
+    for (View word = list.At(1); word; word = word.Next())
+        numbers.push_back(reader.Number(word));
 }
 
 void ReadCells(NodeReader& reader, View list, Table& table) {
@@ -215,10 +216,6 @@ void AppendDecoded(std::string_view digits, unsigned& bits, unsigned& count, std
 
 }  // namespace
 
-int QuarterTurns(double degrees) {
-    return static_cast<int>(((std::lround(degrees / 90) % 4) + 4) % 4);
-}
-
 PlacedSymbol ReadPlacedSymbol(NodeReader& reader, View list) {
     PlacedSymbol symbol;
     symbol.place = list.GetPlace();
@@ -231,7 +228,8 @@ PlacedSymbol ReadPlacedSymbol(NodeReader& reader, View list) {
 SheetSymbol ReadSheetSymbol(NodeReader& reader, View list) {
     SheetSymbol sheet;
     sheet.place = list.GetPlace();
-    for (View child = list.At(1); child; child = child.Next()) ReadSheetPart(reader, child, sheet);
+    for (View child = list.At(1); child; child = child.Next())
+        ReadSheetPart(reader, child, sheet);
     return sheet;
 }
 

@@ -14,14 +14,18 @@ enum CharacterClass : std::uint8_t { PLAIN, SPACE, SPECIAL };
 
 constexpr std::array<CharacterClass, 256> MakeClasses() {
     std::array<CharacterClass, 256> classes{};
-    for (char const c : {' ', '\t', '\r', '\n'}) classes[static_cast<unsigned char>(c)] = SPACE;
-    for (char const c : {'(', ')', '"'}) classes[static_cast<unsigned char>(c)] = SPECIAL;
+    for (char const c : {' ', '\t', '\r', '\n'})
+        classes[static_cast<unsigned char>(c)] = SPACE;
+    for (char const c : {'(', ')', '"'})
+        classes[static_cast<unsigned char>(c)] = SPECIAL;
     return classes;
 }
 
 constexpr std::array<CharacterClass, 256> CLASSES = MakeClasses();
 
-CharacterClass ClassOf(char c) { return CLASSES[static_cast<unsigned char>(c)]; }
+CharacterClass ClassOf(char c) {
+    return CLASSES[static_cast<unsigned char>(c)];
+}
 
 }  // namespace
 
@@ -34,7 +38,8 @@ public:
         std::size_t const size = out.source.size();
         out.nodes.reserve(size / 12 + 16);
         for (;;) {
-            while (at < size && ClassOf(begin[at]) == SPACE) ++at;
+            while (at < size && ClassOf(begin[at]) == SPACE)
+                ++at;
             if (at == size) return Finish();
             if (complete) return Fail(at, "There is text behind the end of the outermost list");
             char const c = begin[at];
@@ -91,7 +96,8 @@ private:
 
     std::optional<Finding> Word() {
         std::size_t end = at + 1;
-        while (end < out.source.size() && ClassOf(out.source[end]) == PLAIN) ++end;
+        while (end < out.source.size() && ClassOf(out.source[end]) == PLAIN)
+            ++end;
         if (auto problem = CheckWord(at, end)) return problem;
         Push(at, end - at, WORD);
         at = end;
@@ -176,9 +182,13 @@ Place SExpression::PlaceOf(std::size_t offset) const {
     return {file, mark.line, mark.column};
 }
 
-bool SExpression::View::IsList() const { return tree && tree->nodes[index].kind == LIST; }
+bool SExpression::View::IsList() const {
+    return tree && tree->nodes[index].kind == LIST;
+}
 
-bool SExpression::View::IsQuoted() const { return tree && tree->nodes[index].kind >= QUOTED; }
+bool SExpression::View::IsQuoted() const {
+    return tree && tree->nodes[index].kind >= QUOTED;
+}
 
 std::string_view SExpression::View::Raw() const {
     if (!tree) return {};

@@ -57,8 +57,8 @@ public:
         Index end = 0;
     };
 
-    /// Reads `text`. Answers the error, if there is one: then the tree is empty. `findings` hears of
-    /// bytes that are not UTF-8. Cost: one pass over the text.
+    /// Reads `text`. Answers the error, if there is one: then the tree is empty. `findings` hears
+    /// of bytes that are not UTF-8. Cost: one pass over the text.
     std::optional<Finding> Parse(std::string fileName, std::string text, Limits const& limits,
                                  Findings& findings);
 

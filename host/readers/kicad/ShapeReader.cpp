@@ -36,8 +36,8 @@ void ReadArcRadius(NodeReader& reader, View list, Shape& shape) {
     shape.points.clear();
     for (double const degrees : {from, (from + to) / 2, to}) {
         double const radians = degrees * 3.14159265358979323846 / 180;
-        shape.points.push_back(centre + Point{FromMm(radius * std::cos(radians)),
-                                              FromMm(radius * std::sin(radians))});
+        shape.points.push_back(
+            centre + Point{FromMm(radius * std::cos(radians)), FromMm(radius * std::sin(radians))});
     }
 }
 
@@ -90,13 +90,20 @@ void ReadPart(NodeReader& reader, View child, Shape& shape) {
 /// True when all the points that the kind needs are there.
 bool IsComplete(Shape const& shape) {
     switch (shape.kind) {
-        case Shape::POLYLINE: return shape.points.size() >= 2;
-        case Shape::RECTANGLE: return shape.points.size() == 2;
-        case Shape::CIRCLE: return shape.points.size() == 1 && shape.radius > 0;
-        case Shape::ARC: return shape.points.size() == 3;
-        case Shape::BEZIER: return shape.points.size() == 4;
-        case Shape::TEXT: return shape.points.size() == 1;
-        case Shape::TEXT_BOX: return shape.points.size() == 2;
+        case Shape::POLYLINE:
+            return shape.points.size() >= 2;
+        case Shape::RECTANGLE:
+            return shape.points.size() == 2;
+        case Shape::CIRCLE:
+            return shape.points.size() == 1 && shape.radius > 0;
+        case Shape::ARC:
+            return shape.points.size() == 3;
+        case Shape::BEZIER:
+            return shape.points.size() == 4;
+        case Shape::TEXT:
+            return shape.points.size() == 1;
+        case Shape::TEXT_BOX:
+            return shape.points.size() == 2;
     }
     return false;
 }

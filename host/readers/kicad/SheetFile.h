@@ -62,7 +62,7 @@ struct Shape {
     Fill fill;
     std::string text;
     TextStyle style;
-    double angle = 0;                  ///< of texts, degrees
+    double angle = 0;                 ///< of texts, degrees
     std::array<double, 4> margins{};  ///< of a text box, mm: left, top, right, bottom
 };
 

@@ -33,8 +33,12 @@ struct PointItem {
     PointKind kind;
 };
 
-bool IsNetKind(PointKind kind) { return kind <= NET_LABEL; }
-bool IsBusKind(PointKind kind) { return kind >= BUS_END && kind <= BUS_LABEL; }
+bool IsNetKind(PointKind kind) {
+    return kind <= NET_LABEL;
+}
+bool IsBusKind(PointKind kind) {
+    return kind >= BUS_END && kind <= BUS_LABEL;
+}
 bool IsLabelKind(PointKind kind) {
     return kind == NET_LABEL || kind == BUS_LABEL || kind == FLAG;
 }
@@ -69,10 +73,12 @@ public:
         SortPoints();
         FindEntryEnds();
         SortPoints();
+        graph.junctions.resize(file.junctions.size());
         graph.noConnectNodes.assign(file.noConnects.size(), NO_NODE);
         for (std::size_t begin = 0; begin < points.size();) {
             std::size_t end = begin;
-            while (end < points.size() && points[end].at == points[begin].at) ++end;
+            while (end < points.size() && points[end].at == points[begin].at)
+                ++end;
             JoinPointGroup(begin, end);
             begin = end;
         }
@@ -134,10 +140,7 @@ private:
         for (std::size_t i = 0; i < file.labels.size(); ++i) {
             bool const flag = file.labels[i].kind == Label::FLAG;
             bool const bus = graph.labelNames[i].bus;
-            Add(file.labels[i].at, graph.firstLabel + i,
-                flag ? FLAG
-                : bus ? BUS_LABEL
-                      : NET_LABEL);
+            Add(file.labels[i].at, graph.firstLabel + i, flag ? FLAG : bus ? BUS_LABEL : NET_LABEL);
         }
         for (std::size_t i = 0; i < file.junctions.size(); ++i) {
             Add(file.junctions[i].at, i, JUNCTION);
@@ -171,13 +174,16 @@ private:
             bool const second = buses.Touches(entry.GetEnd());
             bool const firstIsBusEnd = first && (!second || !HasNetItem(entry.at));
             EntryEnds ends;
-            ends.onBus = first || second;
             ends.busEnd = firstIsBusEnd ? entry.at : entry.GetEnd();
             ends.wireEnd = firstIsBusEnd ? entry.GetEnd() : entry.at;
+            if (first || second) {
+                buses.Find(ends.busEnd, lines);
+                ends.bus = graph.firstBus + lines.front();
+            }
             graph.entries.push_back(ends);
             Node const node = graph.firstEntry + static_cast<Node>(i);
             found.push_back({ends.wireEnd, node, ENTRY_END});
-            if (!ends.onBus) found.push_back({ends.busEnd, node, ENTRY_END});
+            if (ends.bus == NO_NODE) found.push_back({ends.busEnd, node, ENTRY_END});
         }
         points.insert(points.end(), found.begin(), found.end());
     }
@@ -207,11 +213,18 @@ private:
             JoinThrough(wires, graph.firstWire, at, net);
             JoinThrough(buses, graph.firstBus, at, bus);
             graph.joins.push_back({at, net, bus});
+            KeepJunctions(begin, end, graph.joins.back());
         } else {
             JoinLabels(begin, end, net, bus);
         }
         JoinEntries(begin, end, net);
         Mark(begin, end, net);
+    }
+
+    void KeepJunctions(std::size_t begin, std::size_t end, JoinPoint const& join) {
+        for (std::size_t i = begin; i < end; ++i) {
+            if (points[i].kind == JUNCTION) graph.junctions[points[i].node] = join;
+        }
     }
 
     /// An entry joins what meets its end, but not another entry.
@@ -226,8 +239,8 @@ private:
         for (std::size_t i = begin; i < end; ++i) {
             if (points[i].kind != FLAG) continue;
             Point const at = points[i].at;
-            bool const onBus = net == NO_NODE && !wires.Touches(at) &&
-                               (bus != NO_NODE || buses.Touches(at));
+            bool const onBus =
+                net == NO_NODE && !wires.Touches(at) && (bus != NO_NODE || buses.Touches(at));
             graph.labelOnBus[points[i].node - graph.firstLabel] = onBus;
             Attach(onBus ? bus : net, points[i].node);
         }
@@ -235,7 +248,8 @@ private:
 
     void JoinThrough(LineIndex const& index, Node first, Point at, Node& anchor) {
         index.Find(at, lines);
-        for (std::uint32_t const line : lines) Attach(anchor, first + line);
+        for (std::uint32_t const line : lines)
+            Attach(anchor, first + line);
     }
 
     void JoinLabels(std::size_t begin, std::size_t end, Node& net, Node& bus) {
@@ -279,7 +293,8 @@ private:
     /// Remembers what a no-connect mark marks.
     void Mark(std::size_t begin, std::size_t end, Node net) {
         bool marked = false;
-        for (std::size_t i = begin; i < end; ++i) marked = marked || points[i].kind == NO_CONNECT;
+        for (std::size_t i = begin; i < end; ++i)
+            marked = marked || points[i].kind == NO_CONNECT;
         if (!marked) return;
         Node target = net;
         if (net != NO_NODE) graph.marked.push_back(net);
@@ -310,7 +325,8 @@ private:
         }
         if (shown.duplicatesAreJumpers) {
             for (auto const& [pin, all] : nodes) {
-                for (Node const node : all) sets.Join(all.front(), node);
+                for (Node const node : all)
+                    sets.Join(all.front(), node);
             }
         }
         for (auto const& group : shown.jumperGroups) {
@@ -318,7 +334,8 @@ private:
             for (std::string const& pin : group) {
                 auto const found = nodes.find(pin);
                 if (found == nodes.end()) continue;
-                for (Node const node : found->second) Attach(anchor, node);
+                for (Node const node : found->second)
+                    Attach(anchor, node);
             }
         }
     }

@@ -28,7 +28,7 @@ struct SheetPinRef {
 
 /// What a bus entry touches.
 struct EntryEnds {
-    bool onBus = false;
+    Node bus = NO_NODE;  ///< the bus that it stands on, if any
     Point busEnd;
     Point wireEnd;
 };
@@ -60,10 +60,11 @@ struct SheetGraph {
     std::vector<GivenName> labelNames;
     std::vector<EntryEnds> entries;
 
-    std::vector<bool> labelOnBus;     ///< per label: its node is one of a bus
-    std::vector<JoinPoint> joins;
-    std::vector<Node> noConnectNodes; ///< per mark of the file; NO_NODE when it marks nothing
-    std::vector<Node> marked;         ///< all nodes that bear a no-connect mark
+    std::vector<bool> labelOnBus;      ///< per label: its node is one of a bus
+    std::vector<JoinPoint> joins;      ///< by labels and by junction dots
+    std::vector<JoinPoint> junctions;  ///< per junction dot of the file
+    std::vector<Node> noConnectNodes;  ///< per mark of the file; NO_NODE when it marks nothing
+    std::vector<Node> marked;          ///< all nodes that bear a no-connect mark
 
     SheetFile const& File() const { return *instance->file; }
     SheetPin const& GetSheetPin(std::size_t number) const {

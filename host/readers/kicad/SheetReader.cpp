@@ -22,10 +22,10 @@ struct PaperSize {
 };
 
 constexpr PaperSize PAPERS[] = {
-    {"A5", 210, 148},         {"A4", 297, 210},          {"A3", 420, 297},
-    {"A2", 594, 420},         {"A1", 841, 594},          {"A0", 1189, 841},
-    {"A", 279.4, 215.9},      {"B", 431.8, 279.4},       {"C", 558.8, 431.8},
-    {"D", 863.6, 558.8},      {"E", 1117.6, 863.6},      {"GERBER", 812.8, 812.8},
+    {"A5", 210, 148},           {"A4", 297, 210},          {"A3", 420, 297},
+    {"A2", 594, 420},           {"A1", 841, 594},          {"A0", 1189, 841},
+    {"A", 279.4, 215.9},        {"B", 431.8, 279.4},       {"C", 558.8, 431.8},
+    {"D", 863.6, 558.8},        {"E", 1117.6, 863.6},      {"GERBER", 812.8, 812.8},
     {"USLetter", 279.4, 215.9}, {"USLegal", 355.6, 215.9}, {"USLedger", 431.8, 279.4},
 };
 
@@ -179,7 +179,8 @@ private:
         BusAlias alias;
         alias.name = NodeReader::Text(list);
         View member = list.Find("members").At(1);
-        for (; member; member = member.Next()) alias.members.push_back(member.Text());
+        for (; member; member = member.Next())
+            alias.members.push_back(member.Text());
         Keep(sheet.aliases, std::move(alias));
     }
 
@@ -266,9 +267,9 @@ std::optional<Finding> ReadVersion(View root, Findings& findings, SheetFile& she
     if (!version) return Finding{root.GetPlace(), "The version of the file format is missing"};
     View const word = version.At(1);
     std::string_view const digits = word.Raw();
-    bool const isNumber = digits.size() == 8 && std::all_of(digits.begin(), digits.end(), [](char c) {
-                              return c >= '0' && c <= '9';
-                          });
+    bool const isNumber =
+        digits.size() == 8 &&
+        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
     if (!isNumber) {
         return Finding{version.GetPlace(), "The version of the file format is no date"};
     }
@@ -293,7 +294,8 @@ std::optional<Finding> ReadSheetFile(std::string const& path, std::string bytes,
     sheet.path = path;
     if (auto error = ReadVersion(tree.Root(), findings, sheet)) return error;
     SheetReader reader(findings, sheet);
-    for (View child = tree.Root().At(1); child; child = child.Next()) reader.ReadItem(child);
+    for (View child = tree.Root().At(1); child; child = child.Next())
+        reader.ReadItem(child);
     return std::nullopt;
 }
 

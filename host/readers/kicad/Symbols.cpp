@@ -49,7 +49,8 @@ using PinsByNumber = std::unordered_map<std::string_view, PlacedPin const*>;
 PinsByNumber IndexPins(PlacedSymbol const& symbol) {
     PinsByNumber index;
     index.reserve(symbol.pins.size());
-    for (PlacedPin const& pin : symbol.pins) index.emplace(pin.number, &pin);
+    for (PlacedPin const& pin : symbol.pins)
+        index.emplace(pin.number, &pin);
     return index;
 }
 
@@ -59,8 +60,8 @@ ResolvedPin ResolvePin(ResolvedSymbol const& symbol, PinsByNumber const& index,
     pin.library = &library;
     auto const found = index.find(library.number);
     pin.placed = found == index.end() ? nullptr : found->second;
-    pin.numbers = stacks ? ExpandPinNumbers(library.number)
-                         : std::vector<std::string>{library.number};
+    pin.numbers =
+        stacks ? ExpandPinNumbers(library.number) : std::vector<std::string>{library.number};
     pin.name = library.name;
     pin.type = library.type;
     pin.shape = library.shape;
@@ -91,10 +92,12 @@ void ResolveUnits(ResolvedSymbol& symbol, bool stacks) {
 
 std::optional<unsigned> TrailingNumber(std::string_view text, std::string_view& prefix) {
     std::size_t begin = text.size();
-    while (begin > 0 && text[begin - 1] >= '0' && text[begin - 1] <= '9') --begin;
+    while (begin > 0 && text[begin - 1] >= '0' && text[begin - 1] <= '9')
+        --begin;
     prefix = text.substr(0, begin);
     unsigned value = 0;
-    auto const [end, error] = std::from_chars(text.data() + begin, text.data() + text.size(), value);
+    auto const [end, error] =
+        std::from_chars(text.data() + begin, text.data() + text.size(), value);
     if (begin == text.size() || error != std::errc()) return std::nullopt;
     return value;
 }
@@ -119,15 +122,18 @@ bool AddRange(std::string_view part, std::vector<std::string>& numbers) {
 }
 
 std::string_view Trim(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    while (!text.empty() && text.front() == ' ')
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
     return text;
 }
 
 }  // namespace
 
 Library::Library(SheetFile const& file) {
-    for (LibrarySymbol const& symbol : file.library) byName.emplace(symbol.name, &symbol);
+    for (LibrarySymbol const& symbol : file.library)
+        byName.emplace(symbol.name, &symbol);
 }
 
 LibrarySymbol const* Library::Find(PlacedSymbol const& symbol) const {
@@ -180,8 +186,7 @@ std::vector<ResolvedSymbol> ResolveSymbols(Hierarchy const& hierarchy, std::uint
     for (PlacedSymbol const& placed : file.symbols) {
         ResolvedSymbol symbol;
         symbol.placed = &placed;
-        symbol.orientation =
-            Orientation::Make(placed.quarterTurns, placed.mirrorX, placed.mirrorY);
+        symbol.orientation = Orientation::Make(placed.quarterTurns, placed.mirrorX, placed.mirrorY);
         symbol.library = library.Find(placed);
         symbol.shown = library.UnitsOf(symbol.library);
         ResolveIdentity(hierarchy, sheet, symbol);

@@ -8,10 +8,10 @@ namespace fighost::kicad {
 namespace {
 
 constexpr std::pair<std::string_view, char> ESCAPES[] = {
-    {"{slash}", '/'},   {"{backslash}", '\\'}, {"{lt}", '<'},     {"{gt}", '>'},
-    {"{colon}", ':'},   {"{dblquote}", '"'},   {"{quote}", '\''}, {"{space}", ' '},
-    {"{tab}", '\t'},    {"{return}", '\n'},    {"{bar}", '|'},    {"{comma}", ','},
-    {"{dollar}", '$'},  {"{brace}", '{'},
+    {"{slash}", '/'},  {"{backslash}", '\\'}, {"{lt}", '<'},     {"{gt}", '>'},
+    {"{colon}", ':'},  {"{dblquote}", '"'},   {"{quote}", '\''}, {"{space}", ' '},
+    {"{tab}", '\t'},   {"{return}", '\n'},    {"{bar}", '|'},    {"{comma}", ','},
+    {"{dollar}", '$'}, {"{brace}", '{'},
 };
 
 constexpr int MOST_ROUNDS = 8;
@@ -55,7 +55,9 @@ bool ExpandOnce(std::string& text, VariableLookup const& lookup) {
 
 }  // namespace
 
-std::size_t EscapeLength(std::string_view text, std::size_t at) { return EscapeAt(text, at).first; }
+std::size_t EscapeLength(std::string_view text, std::size_t at) {
+    return EscapeAt(text, at).first;
+}
 
 std::string Unescape(std::string_view text) {
     std::string result;
@@ -82,8 +84,8 @@ std::string WithoutMarkup(std::string_view text) {
     std::vector<bool> open;  // for each open brace, whether it belongs to mark-up
     for (std::size_t at = 0; at < text.size(); ++at) {
         char const c = text[at];
-        bool const marks = (c == '~' || c == '_' || c == '^') && at + 1 < text.size() &&
-                           text[at + 1] == '{';
+        bool const marks =
+            (c == '~' || c == '_' || c == '^') && at + 1 < text.size() && text[at + 1] == '{';
         if (marks) {
             open.push_back(true);
             ++at;

@@ -30,9 +30,8 @@ Value FromTitleBlock(Hierarchy const& hierarchy, SheetFile const& file, std::str
         text = &block.comments[static_cast<std::size_t>(name[7] - '1')];
     }
     if (!text) return std::nullopt;
-    return ExpandVariables(*text, [&](std::string_view inner) {
-        return FromProject(hierarchy, inner);
-    });
+    return ExpandVariables(*text,
+                           [&](std::string_view inner) { return FromProject(hierarchy, inner); });
 }
 
 Value FromSheet(Hierarchy const& hierarchy, std::uint32_t index, std::string_view name) {

@@ -1,0 +1,302 @@
+#include "SheetPictures.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include <readers/kicad/Texts.h>
+#include <readers/kicad/Variables.h>
+#include <zv2d/Picture.h>
+
+#include "ImageSize.h"
+
+namespace fighost::kicad {
+
+namespace {
+
+constexpr double OUTER_MARGIN = 10;        // mm, from the paper's edge to the border
+constexpr double INNER_MARGIN = 12;        // mm, to the inner line of the border
+constexpr double GRID_STEP = 50;           // mm, wished size of the cells of the reference grid
+constexpr double TEXT_SIZE = 1.5;          // mm, of grid references and title block
+constexpr double UNKNOWN_IMAGE_SIZE = 20;  // mm
+
+figkernel::GraphicSource Graphic(std::string const& id, std::string const& name,
+                                 std::vector<EntityPtr> const& entities,
+                                 figkernel::SourceIndex settings) {
+    figkernel::GraphicSource graphic;
+    graphic.id = id;
+    graphic.name = name;
+    graphic.instances.push_back(MakeInstance(entities));
+    graphic.settings = settings;
+    return graphic;
+}
+
+EntityPtr Rectangle(double x1, double y1, double x2, double y2,
+                    du::ConstSmartPtr<zv2d::Attributes> const& attributes) {
+    return MakePolyline({{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}, attributes, true);
+}
+
+}  // namespace
+
+std::string SheetPictures::Expand(std::string_view text) const {
+    return ExpandOnSheet(hierarchy, sheet, text);
+}
+
+void SheetPictures::DrawShape(Shape const& shape, Role role, figkernel::GroupSource& group) {
+    group.graphics.push_back(Graphic(shape.uuid, "", {MakeShape(shape, frame)},
+                                     looks.Colored(role, shape.stroke.color)));
+}
+
+void SheetPictures::DrawText(Shape const& shape, figkernel::GroupSource& group) {
+    std::string const text = Expand(shape.text);
+    if (text.empty() || shape.style.hidden) return;
+    Stand const stand{frame(shape.points[0]), ReadableAngle(shape.angle), shape.style.horizontal,
+                      shape.style.vertical};
+    auto source = MakeText(text, stand, shape.style, looks.Colored(Role::NOTE, shape.style.color));
+    source.id = shape.uuid;
+    group.texts.push_back(std::move(source));
+}
+
+/// The text of a box is broken into lines that fit and set to the side that its style names.
+void SheetPictures::DrawBoxText(Shape const& shape, std::string const& id,
+                                figkernel::GroupSource& group) {
+    dg::DPoint2D const a = frame(shape.points[0]);
+    dg::DPoint2D const b = frame(shape.points[1]);
+    bool const upright = QuarterTurns(shape.angle) % 2 == 1;
+    double const left = std::min(a.x, b.x) + shape.margins[0];
+    double const right = std::max(a.x, b.x) - shape.margins[2];
+    double const top = std::max(a.y, b.y) - shape.margins[1];
+    double const bottom = std::min(a.y, b.y) + shape.margins[3];
+    std::string const text = WrapText(Expand(shape.text), shape.style.height,
+                                      std::max(1.0, upright ? top - bottom : right - left));
+    if (text.empty()) return;
+    int const h = shape.style.horizontal;
+    int const v = shape.style.vertical;
+    auto const pick = [](int side, double low, double high) {
+        return side < 0 ? low : side > 0 ? high : (low + high) / 2;
+    };
+    Stand stand;
+    stand.horizontal = h;
+    stand.vertical = v;
+    stand.degrees = upright ? 90 : 0;
+    stand.at = upright ? dg::DPoint2D(pick(v, left, right), pick(h, bottom, top))
+                       : dg::DPoint2D(pick(h, left, right), pick(-v, bottom, top));
+    auto source = MakeText(text, stand, shape.style, looks.Colored(Role::NOTE, shape.style.color));
+    source.id = id;
+    group.texts.push_back(std::move(source));
+}
+
+void SheetPictures::DrawTable(Table const& table, figkernel::GroupSource& group) {
+    for (TableCell const& cell : table.cells) {
+        if (cell.columnSpan < 1 || cell.rowSpan < 1) continue;  // covered by its neighbour
+        Shape box = cell.box;
+        bool const lines = table.rowLines || table.columnLines;
+        box.stroke = table.lineStroke;
+        if (!lines) box.stroke.width = -1;
+        DrawShape(box, Role::NOTE, group);
+        DrawBoxText(cell.box, cell.uuid, group);
+    }
+    if (table.cells.empty() || !table.outerBorder) return;
+    Point low = table.cells.front().box.points[0];
+    Point high = low;
+    for (TableCell const& cell : table.cells) {
+        for (Point const p : cell.box.points) {
+            low = {std::min(low.x, p.x), std::min(low.y, p.y)};
+            high = {std::max(high.x, p.x), std::max(high.y, p.y)};
+        }
+    }
+    Shape border;
+    border.kind = Shape::RECTANGLE;
+    border.uuid = table.uuid;
+    border.points = {low, high};
+    border.stroke = table.borderStroke;
+    DrawShape(border, Role::NOTE, group);
+}
+
+void SheetPictures::DrawImage(Image const& image, figkernel::GroupSource& group) {
+    auto const size = ReadImageSize(image.bytes);
+    if (!size) {
+        findings.Warn("unknown-image", {file.path, 0, 0},
+                      "An image of a kind that can't be shown is drawn as a frame");
+    }
+    double const scale = std::clamp(image.scale, 0.001, 1000.0) / 2;
+    double const w = (size ? size->width : UNKNOWN_IMAGE_SIZE) * scale;
+    double const h = (size ? size->height : UNKNOWN_IMAGE_SIZE) * scale;
+    dg::DPoint2D const at = frame(image.at);
+    auto const bytes = size ? std::make_shared<std::string const>(image.bytes) : nullptr;
+    EntityPtr const picture(new zv2d::Picture(dg::DBox2D(at.x - w, at.y - h, at.x + w, at.y + h),
+                                              size ? size->mimeType : std::string(), bytes));
+    group.graphics.push_back(Graphic(image.uuid, "image", {picture}, looks.Colored(Role::NOTE)));
+}
+
+void SheetPictures::DrawContent(figkernel::GroupSource& group) {
+    for (Image const& image : file.images)
+        DrawImage(image, group);
+    for (Shape const& shape : file.ruleAreas)
+        DrawShape(shape, Role::RULE_AREA, group);
+    for (Shape const& shape : file.shapes) {
+        if (shape.kind == Shape::TEXT) {
+            DrawText(shape, group);
+        } else {
+            DrawShape(shape, Role::NOTE, group);
+            if (shape.kind == Shape::TEXT_BOX) DrawBoxText(shape, shape.uuid, group);
+        }
+    }
+    for (Table const& table : file.tables)
+        DrawTable(table, group);
+}
+
+void SheetPictures::MarkMissing(SheetSymbol const& symbol, std::string const& reason,
+                                figkernel::BlockSource& block) {
+    dg::DPoint2D const a = frame(symbol.at);
+    dg::DPoint2D const b = frame(symbol.at + symbol.size);
+    Stroke stroke;
+    stroke.type = Stroke::DASH;
+    stroke.width = BUS_WIDTH;
+    auto const attributes = LineAttributesOf(stroke);
+    auto const settings = looks.Colored(Role::MISSING);
+    block.graphics.graphics.push_back(
+        Graphic("", "missing",
+                {Rectangle(a.x, a.y, b.x, b.y, attributes), MakePolyline({a, b}, attributes),
+                 MakePolyline({{a.x, b.y}, {b.x, a.y}}, attributes)},
+                settings));
+    Stand const stand{{(a.x + b.x) / 2, (a.y + b.y) / 2}, 0, 0, 0};
+    block.graphics.texts.push_back(
+        MakeText(symbol.GetFile().substr(0, 200) + "\n" + reason, stand, TextStyle(), settings));
+    block.attributes.push_back({"MISSING", reason});
+}
+
+figkernel::BlockSource SheetPictures::MakeSheetBlock(std::size_t number) {
+    SheetSymbol const& symbol = file.sheets[number];
+    figkernel::BlockSource block;
+    block.id = symbol.uuid;
+    block.name = Unescape(Expand(symbol.GetName()));
+    block.settings = looks.Colored(Role::SHEET, symbol.stroke.color);
+    Shape box;
+    box.kind = Shape::RECTANGLE;
+    box.points = {symbol.at, symbol.at + symbol.size};
+    box.stroke = symbol.stroke;
+    box.fill = symbol.fill;
+    block.graphics.graphics.push_back(
+        Graphic("", "sheet", {MakeShape(box, frame)}, block.settings));
+    std::string const& reason = hierarchy.sheets[sheet].missing[number];
+    if (!reason.empty()) MarkMissing(symbol, reason, block);
+    for (Property const& property : symbol.properties) {
+        bool const isName = property.name == "Sheet name" || property.name == "Sheetname";
+        bool const isFile = property.name == "Sheet file" || property.name == "Sheetfile";
+        std::string text = Unescape(Expand(property.value));
+        block.attributes.push_back({property.name, text});
+        if (text.empty() || property.style.hidden) continue;
+        if (isFile) text = "File: " + text;
+        Role const role = isName ? Role::SHEET_NAME : isFile ? Role::SHEET_FILE : Role::FIELD;
+        Stand const stand{frame(property.at), ReadableAngle(property.angle),
+                          property.style.horizontal, property.style.vertical};
+        auto label =
+            MakeText(text, stand, property.style, looks.Colored(role, property.style.color));
+        label.id = symbol.uuid + "." + property.name;
+        block.labels.texts.push_back(std::move(label));
+    }
+    return block;
+}
+
+void SheetPictures::DrawGrid(figkernel::FormatSource& format) {
+    auto const settings = looks.Colored(Role::FRAME);
+    Stroke stroke;
+    stroke.width = FRAME_WIDTH;
+    auto const attributes = LineAttributesOf(stroke);
+    std::vector<EntityPtr> lines;
+    double const w = format.width;
+    double const h = format.height;
+    for (double const m : {OUTER_MARGIN, INNER_MARGIN}) {
+        lines.push_back(Rectangle(m, m, w - m, h - m, attributes));
+    }
+    TextStyle style;
+    style.height = TEXT_SIZE;
+    double const middle = (OUTER_MARGIN + INNER_MARGIN) / 2;
+    auto const reference = [&](std::string const& name, double x, double y) {
+        format.graphics.texts.push_back(MakeText(name, {{x, y}, 0, 0, 0}, style, settings));
+    };
+    for (unsigned i = 0; i < format.columns; ++i) {
+        double const x = w * i / format.columns;
+        double const centre = w * (i + 0.5) / format.columns;
+        for (double const y : {middle, h - middle})
+            reference(std::to_string(i + 1), centre, y);
+        if (i == 0) continue;
+        lines.push_back(MakePolyline({{x, OUTER_MARGIN}, {x, INNER_MARGIN}}, attributes));
+        lines.push_back(MakePolyline({{x, h - OUTER_MARGIN}, {x, h - INNER_MARGIN}}, attributes));
+    }
+    for (unsigned i = 0; i < format.rows; ++i) {
+        double const y = h - h * i / format.rows;
+        double const centre = h - h * (i + 0.5) / format.rows;
+        std::string const name(1, static_cast<char>('A' + i));
+        for (double const x : {middle, w - middle})
+            reference(name, x, centre);
+        if (i == 0) continue;
+        lines.push_back(MakePolyline({{OUTER_MARGIN, y}, {INNER_MARGIN, y}}, attributes));
+        lines.push_back(MakePolyline({{w - OUTER_MARGIN, y}, {w - INNER_MARGIN, y}}, attributes));
+    }
+    format.graphics.graphics.push_back(Graphic("", "border", lines, settings));
+}
+
+figkernel::FormatSource SheetPictures::MakeFormat() {
+    constexpr double MOST_COLUMNS = 99;
+    constexpr double MOST_ROWS = 26;
+    figkernel::FormatSource format;
+    format.id = "format";
+    format.name = file.paper.name;
+    format.width = file.paper.width;
+    format.height = file.paper.height;
+    bool const large = std::min(format.width, format.height) > 4 * INNER_MARGIN;
+    if (!large) return format;
+    format.columns =
+        static_cast<unsigned>(std::clamp(std::round(format.width / GRID_STEP), 1.0, MOST_COLUMNS));
+    format.rows =
+        static_cast<unsigned>(std::clamp(std::round(format.height / GRID_STEP), 1.0, MOST_ROWS));
+    DrawGrid(format);
+    return format;
+}
+
+figkernel::TitleBlockSource SheetPictures::MakeTitleBlock() {
+    figkernel::TitleBlockSource block;
+    block.id = "title";
+    block.corner = 1;  // bottom right
+    block.offsetX = block.offsetY = INNER_MARGIN;
+    block.margin = 1.5;
+    block.minWidth = 108;
+    block.lineColor = ColorOf(Role::FRAME);
+    block.lineWeight = FRAME_WIDTH;
+    block.backgroundColor = dg::Color{1, 1, 1, 1};
+    auto const add = [&block](std::string text, bool bold = false) {
+        if (text.empty()) return;
+        figkernel::TitleBlockSectionSource section;
+        section.id = static_cast<unsigned>(block.sections.size() + 1);
+        section.segments.push_back({0, "", true, std::move(text)});
+        section.bold = bold;
+        section.fontColor = ColorOf(Role::FRAME);
+        section.fontSize = bold ? 2 * TEXT_SIZE : TEXT_SIZE;
+        section.spacing = 1;
+        block.sections.push_back(std::move(section));
+    };
+    SheetInstance const& instance = hierarchy.sheets[sheet];
+    for (int number = 9; number >= 1; --number) {
+        std::string const name = "${COMMENT" + std::to_string(number) + "}";
+        std::string const text = Expand(name);
+        if (text != name) add(text);
+    }
+    auto const value = [this](std::string const& name) {
+        std::string const text = Expand("${" + name + "}");
+        return text.rfind("${", 0) == 0 ? std::string() : text;
+    };
+    add(value("COMPANY"));
+    add("Sheet: " + instance.path);
+    add("File: " + FileName(file.path));
+    add(value("TITLE"), true);
+    std::string last = "Size: " + file.paper.name;
+    if (auto const date = value("ISSUE_DATE"); !date.empty()) last += "    Date: " + date;
+    if (auto const revision = value("REVISION"); !revision.empty()) last += "    Rev: " + revision;
+    if (!instance.page.empty()) last += "    Id: " + instance.page;
+    add(last + "/" + std::to_string(hierarchy.sheets.size()));
+    return block;
+}
+
+}  // namespace fighost::kicad
