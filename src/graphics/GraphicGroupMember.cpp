@@ -5,7 +5,7 @@
 namespace figrep {
 
 GraphicGroupMember::GraphicGroupMember(GraphicGroupMember const& other)
-    : figk::GroupMember(other) {}
+    : du::RefCounted(other), figk::GroupMember(other) {}
 
 GraphicGroupMember& GraphicGroupMember::operator=(GraphicGroupMember const&) {
     return *this;

@@ -30,7 +30,9 @@ TitleBlock::TitleBlock(SmartPtr<zvk::ReadWriteLock> const& lock,
 }
 
 TitleBlock::TitleBlock(TitleBlock const& other)
-    : GraphicalFigureItem(other.GetLock(), other.GetKernelItem()),
+    : du::RefCounted(other),
+      figk::GroupMember(other),
+      GraphicalFigureItem(other.GetLock(), other.GetKernelItem()),
       TextLabelContainer(other),
       generator_(other.generator_),
       corner_(other.corner_),
