@@ -1,0 +1,49 @@
+// The commands of the program: what each is told, and what it does.
+#pragma once
+
+#include <cli/ExitCode.h>
+#include <memory>
+#include <string>
+
+#include <session/Session.h>
+
+namespace fighost {
+
+/// What all commands have in common.
+struct CommonArguments {
+    std::string file;
+    bool quiet = false;
+};
+
+struct RenderArguments : CommonArguments {
+    std::string output;
+    std::string format;  ///< empty: by the extension of the output
+    std::string sheet;   ///< name or path; empty for all
+    std::string background = "white";
+    std::string crossings = "arc";
+};
+
+struct InfoArguments : CommonArguments {
+    bool json = false;
+};
+
+struct ListArguments : CommonArguments {
+    std::string what;  ///< "nets", "items", "ports" or "sheets"
+    bool json = false;
+};
+
+ExitCode Render(RenderArguments const& arguments);
+ExitCode Info(InfoArguments const& arguments);
+ExitCode List(ListArguments const& arguments);
+
+/// Opens the design and tells standard error what there is to tell. Null after an error.
+std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,
+                                     SessionOptions const& options = {});
+
+/// Prints data; false when standard output doesn't take it.
+ExitCode PrintData(std::string const& data);
+
+/// Prints a message to standard error.
+void PrintMessage(std::string const& message);
+
+}  // namespace fighost

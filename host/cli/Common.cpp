@@ -1,0 +1,44 @@
+#include <cli/Commands.h>
+#include <cli/Output.h>
+#include <cstdio>
+#include <utility>
+
+namespace fighost {
+
+namespace {
+
+std::string WarningText(WarningCount const& warning) {
+    Finding finding = warning.first;
+    finding.sentence = "warning: " + finding.sentence;
+    if (warning.count > 1) {
+        finding.sentence += " (and " + std::to_string(warning.count - 1) + " more like this)";
+    }
+    return finding.ToString();
+}
+
+}  // namespace
+
+void PrintMessage(std::string const& message) {
+    std::fprintf(stderr, "%s\n", message.c_str());
+}
+
+std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,
+                                     SessionOptions const& options) {
+    Session::Opened opened = Session::Open(arguments.file, options);
+    if (opened.error) PrintMessage(opened.error->ToString());
+    if (opened.session && !arguments.quiet) {
+        for (WarningCount const& warning : opened.session->GetFindings().GetWarnings()) {
+            PrintMessage(WarningText(warning));
+        }
+    }
+    return std::move(opened.session);
+}
+
+ExitCode PrintData(std::string const& data) {
+    std::string error;
+    if (WriteOutput("-", data, error)) return EXIT_DONE;
+    PrintMessage(error);
+    return EXIT_CANNOT_WRITE;
+}
+
+}  // namespace fighost

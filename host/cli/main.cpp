@@ -1,0 +1,94 @@
+// The program `figrep`: reads its arguments and runs one command.
+#include <CLI/CLI.hpp>
+
+#include <cli/Commands.h>
+#include <csignal>
+#include <exception>
+#include <functional>
+#include <string>
+
+namespace {
+
+using namespace fighost;
+
+constexpr char const* EXIT_CODES =
+    "Exit codes: 0 done, 1 wrong usage, 2 unexpected, 3 unreadable input, 4 cannot write.";
+
+void AddCommon(CLI::App& command, CommonArguments& arguments) {
+    command.add_option("FILE", arguments.file, "the design: its root .kicad_sch file")->required();
+    command.add_flag("-q,--quiet", arguments.quiet, "print no warnings and no progress");
+    command.footer(EXIT_CODES);
+}
+
+void AddRender(CLI::App& program, RenderArguments& arguments) {
+    CLI::App& command = *program.add_subcommand("render", "Paint the sheets of a design");
+    AddCommon(command, arguments);
+    command
+        .add_option("-o,--output", arguments.output,
+                    "the picture; %s becomes the name of the sheet, - is standard output")
+        ->required();
+    command.add_option("--format", arguments.format, "svg; by the extension of the output");
+    command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to paint");
+    command
+        .add_option("--background", arguments.background,
+                    "none, white, black, gray, ivory, #rgb or #rrggbb")
+        ->capture_default_str();
+    command
+        .add_option("--crossings", arguments.crossings,
+                    "what wires show where they cross without connecting")
+        ->check(CLI::IsMember({"arc", "gap", "none"}))
+        ->capture_default_str();
+}
+
+void AddInfo(CLI::App& program, InfoArguments& arguments) {
+    CLI::App& command = *program.add_subcommand("info", "Tell what a design holds");
+    AddCommon(command, arguments);
+    command.add_flag("--json", arguments.json, "print one JSON object");
+}
+
+void AddList(CLI::App& program, ListArguments& arguments) {
+    CLI::App& command =
+        *program.add_subcommand("list", "List nets, items, ports or sheets, one per line");
+    command.add_option("WHAT", arguments.what, "nets, items, ports or sheets")
+        ->required()
+        ->check(CLI::IsMember({"nets", "items", "ports", "sheets"}));
+    AddCommon(command, arguments);
+    command.add_flag("--json", arguments.json, "print one JSON array");
+}
+
+ExitCode Run(int argc, char** argv) {
+    CLI::App program("figrep shows schematic designs as live figures.", "figrep");
+    program.set_version_flag("--version", std::string("figrep ") + FIGREP_VERSION);
+    program.require_subcommand(1);
+    program.footer(std::string(EXIT_CODES) + "\n'figrep COMMAND --help' tells more.");
+    RenderArguments render;
+    InfoArguments info;
+    ListArguments list;
+    AddRender(program, render);
+    AddInfo(program, info);
+    AddList(program, list);
+    try {
+        program.parse(argc, argv);
+    } catch (CLI::ParseError const& error) {
+        // Asking for help or the version is no error.
+        return program.exit(error) == 0 ? EXIT_DONE : EXIT_WRONG_USAGE;
+    }
+    if (program.got_subcommand("render")) return Render(render);
+    if (program.got_subcommand("info")) return Info(info);
+    return List(list);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A reader that closes the pipe early is an error of writing, not a reason to die.
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        return Run(argc, argv);
+    } catch (std::exception const& error) {
+        fighost::PrintMessage(std::string("figrep: unexpected: ") + error.what());
+    } catch (...) {
+        fighost::PrintMessage("figrep: unexpected failure");
+    }
+    return EXIT_UNEXPECTED;
+}

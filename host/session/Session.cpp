@@ -1,0 +1,156 @@
+#include <session/Session.h>
+
+#include <utility>
+
+#include <figk/Design.h>
+#include <figk/SchematicKernel.h>
+#include <figk/Sheet.h>
+#include <figkernel/DesignBuilder.h>
+#include <figkernel/SchematicKernel.h>
+#include <figrep/AbstractFigureVisitor.h>
+#include <figrep/Figure.h>
+#include <figrep/FigureSheetDeltaGenerator.h>
+#include <figrep/KernelToFigureFactory.h>
+#include <figrep/PortNode.h>
+#include <figrep/SchematicRepresentation.h>
+#include <figrep/Setting.h>
+#include <readers/kicad/ReadDesign.h>
+
+namespace fighost {
+
+namespace {
+
+using figrep::SmartPtr;
+
+// The process's kernel; the first session installs one that can hold designs.
+SmartPtr<figkernel::SchematicKernel> Kernel() {
+    auto kernel =
+        du::DynamicCast<figkernel::SchematicKernel>(figk::SchematicKernel::GetSchematicKernel());
+    if (kernel) return kernel;
+    kernel = SmartPtr<figkernel::SchematicKernel>(new figkernel::SchematicKernel());
+    figk::SchematicKernel::SetSchematicKernel(kernel);
+    return kernel;
+}
+
+char const* KindName(figkernel::BuildFinding::Kind kind) {
+    using figkernel::BuildFinding;
+    switch (kind) {
+        case BuildFinding::BAD_INDEX: return "build-bad-index";
+        case BuildFinding::BAD_POINT: return "build-bad-point";
+        case BuildFinding::NO_LENGTH: return "build-no-length";
+        case BuildFinding::COVERED: return "build-covered";
+        case BuildFinding::LOST_TAP: return "build-lost-tap";
+        case BuildFinding::FOREIGN_NET: return "build-foreign-net";
+        case BuildFinding::DUPLICATE_ID: return "build-duplicate-id";
+        case BuildFinding::BAD_NESTING: return "build-bad-nesting";
+        case BuildFinding::DEEP_GROUP: return "build-deep-group";
+    }
+    return "build";
+}
+
+figrep::ConstSmartPtr<figrep::Setting> CrossingSetting(figk::CrossingPointStyle style) {
+    SmartPtr<figk::BaseSettingValue> const value(
+        new figk::SettingValue<figk::CrossingPointStyle>(style));
+    return SmartPtr<figrep::Setting>(new figrep::Setting(
+        figrep::Setting::CROSSING_POINT_STYLE, value, figk::Setting::LEVEL_PROFILE, true));
+}
+
+// Enters the nodes of ports into the process's record of where nets go on.
+class PortRegistrar : public figrep::AbstractFigureVisitor {
+public:
+    explicit PortRegistrar(SmartPtr<figrep::Figure> const& figure) : figure_(figure) {}
+
+    bool Visit(SmartPtr<figrep::PortNode> const& node) override {
+        nodes_.push_back(node);
+        return false;
+    }
+
+    void Register() {
+        // After the walk: entering a node can turn trees, which nobody may do under a walk.
+        figure_->Accept(*this);
+        auto const record = figrep::SchematicRepresentation::GetSingleton();
+        for (auto const& node : nodes_) record->PortNodeAddFigureDetail(node, figure_);
+    }
+
+private:
+    SmartPtr<figrep::Figure> figure_;
+    std::vector<SmartPtr<figrep::PortNode>> nodes_;
+};
+
+}  // namespace
+
+Session::Opened Session::Open(std::string const& path, SessionOptions const& options) {
+    DiskFiles files;
+    return Open(files, path, options);
+}
+
+Session::Opened Session::Open(FileSource& files, std::string const& path,
+                              SessionOptions const& options) {
+    Opened opened;
+    std::unique_ptr<Session> session(new Session());
+    session->file_ = path;
+    if (session->Load(files, options, opened.error)) opened.session = std::move(session);
+    return opened;
+}
+
+bool Session::Load(FileSource& files, SessionOptions const& options,
+                   std::optional<Finding>& error) {
+    kicad::ReadResult read = kicad::ReadDesign(files, file_);
+    findings_ = std::move(read.findings);
+    error = std::move(read.error);
+    if (error) return false;
+    figkernel::DesignSource const& source = read.design;
+    figkernel::BuildResult const built =
+        figkernel::Build(source, figk::SchematicKernel::GetKernelLock());
+    for (figkernel::BuildFinding const& finding : built.findings) {
+        findings_.Warn(KindName(finding.kind), {file_, 0, 0}, finding.text);
+    }
+    design_ = built.design;
+    Kernel()->AddDesign(design_);
+    std::vector<SmartPtr<figk::Sheet>> const records = design_->GetSheets();
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        AddSheet(records[i], options);
+        sheets_.back().path = source.sheets[i].path;
+    }
+    // All figures must be there before ports are entered: a port looks for the others.
+    for (SessionSheet const& sheet : sheets_) PortRegistrar(sheet.figure).Register();
+    for (SessionSheet const& sheet : sheets_) sheet.figure->UpdateContent();
+    return true;
+}
+
+void Session::AddSheet(SmartPtr<figk::Sheet> const& record, SessionOptions const& options) {
+    figrep::KernelToFigureFactory factory;
+    SessionSheet sheet;
+    sheet.id = record->GetId().GetString();
+    sheet.name = record->GetName();
+    sheet.record = record;
+    sheet.figure = factory.CreateFigure();
+    sheet.figure->AddSetting(CrossingSetting(options.crossings), false);
+    figrep::FigureSheetDeltaGenerator generator(record);
+    sheet.figure->GenerateDeltas(generator);
+    sheet.figure->ApplyDeltas(false);
+    figrep::SchematicRepresentation::GetSingleton()->AddActiveFigure(sheet.figure, record->GetId());
+    sheets_.push_back(sheet);
+}
+
+Session::~Session() {
+    auto const record = figrep::SchematicRepresentation::GetSingleton();
+    for (SessionSheet const& sheet : sheets_) record->RemoveFigure(sheet.figure);
+    sheets_.clear();
+    if (design_) Kernel()->RemoveDesign(design_);
+}
+
+std::string Session::GetDesignName() const {
+    return design_ ? design_->GetName() : std::string();
+}
+
+std::vector<SessionSheet const*> Session::FindSheets(std::string const& nameOrPath) const {
+    std::vector<SessionSheet const*> found;
+    for (SessionSheet const& sheet : sheets_) {
+        if (sheet.path == nameOrPath) return {&sheet};
+        if (sheet.name == nameOrPath) found.push_back(&sheet);
+    }
+    return found;
+}
+
+}  // namespace fighost

@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+#include <host/XmlChecker.h>
+#include <host/cli/RunProgram.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+namespace fighost::test {
+namespace {
+
+using nlohmann::json;
+
+std::string const EXAMPLE =
+    FIGREP_SOURCE_DIR "/examples/weather-station/weather-station.kicad_sch";
+
+Outcome Figrep(std::vector<std::string> const& arguments, std::string const& input = {}) {
+    return RunProgram("figrep", arguments, input);
+}
+
+TEST(Program, VersionAndHelpAreNoErrors) {
+    Outcome const version = Figrep({"--version"});
+    EXPECT_EQ(version.code, 0);
+    EXPECT_EQ(version.out.substr(0, 7), "figrep ");
+    for (std::vector<std::string> command :
+         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}}) {
+        command.push_back("--help");
+        Outcome const help = Figrep(command);
+        EXPECT_EQ(help.code, 0);
+        EXPECT_NE(help.out.find("Exit codes"), std::string::npos);
+    }
+}
+
+TEST(Program, WrongUsageExitsWithOneAndPrintsNoData) {
+    for (std::vector<std::string> const& arguments :
+         {std::vector<std::string>{}, {"nonsense"}, {"render", EXAMPLE}, {"info"},
+          {"list", "colours", EXAMPLE}, {"info", EXAMPLE, "--sparkle"},
+          {"render", EXAMPLE, "-o", "x.bmp"}, {"render", EXAMPLE, "-o", "x.svg", "--crossings", "y"},
+          {"render", EXAMPLE, "-o", "-", "--background", "blurple"},
+          {"render", EXAMPLE, "-o", "-", "--sheet", "no such sheet"}}) {
+        Outcome const outcome = Figrep(arguments);
+        EXPECT_EQ(outcome.code, 1) << testing::PrintToString(arguments);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err, "");
+    }
+}
+
+TEST(Program, SeveralSheetsNeedAPlaceForTheirNames) {
+    TemporaryFolder folder;
+    Outcome const outcome = Figrep({"render", EXAMPLE, "-o", folder.Path("a.svg")});
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_NE(outcome.err.find("%s"), std::string::npos);
+    EXPECT_TRUE(folder.Files().empty());
+}
+
+TEST(Program, UnreadableInputExitsWithThreeAndNamesTheFile) {
+    for (char const* command : {"info", "render"}) {
+        std::vector<std::string> arguments = {command, "/nowhere/x.kicad_sch"};
+        if (std::string(command) == "render") arguments.insert(arguments.end(), {"-o", "-"});
+        Outcome const outcome = Figrep(arguments);
+        EXPECT_EQ(outcome.code, 3);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err.find("/nowhere/x.kicad_sch"), std::string::npos);
+    }
+}
+
+TEST(Program, BrokenInputIsToldWithLineAndColumn) {
+    TemporaryFolder folder;
+    std::string const path = folder.Path("broken.kicad_sch");
+    WriteFile(path, "(kicad_sch\n  (version 20231120)\n  (wire \"never closed");
+    Outcome const outcome = Figrep({"info", path});
+    EXPECT_EQ(outcome.code, 3);
+    EXPECT_EQ(outcome.err.substr(0, path.size() + 2), path + ":3") << outcome.err;
+}
+
+TEST(Program, UnwritableOutputExitsWithFourAndLeavesNothing) {
+    TemporaryFolder folder;
+    std::string const path = folder.Path("missing/a.svg");
+    Outcome const outcome = Figrep({"render", EXAMPLE, "--sheet", "/", "-o", path});
+    EXPECT_EQ(outcome.code, 4);
+    EXPECT_NE(outcome.err.find(path), std::string::npos);
+    EXPECT_TRUE(folder.Files().empty());
+}
+
+TEST(Program, FullDeviceExitsWithFour) {
+    EXPECT_EQ(Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "/dev/full"}).code, 4);
+}
+
+TEST(Program, EverySheetBecomesAWellFormedPicture) {
+    TemporaryFolder folder;
+    Outcome const outcome = Figrep({"render", EXAMPLE, "-o", folder.Path("p-%s.svg")});
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+    std::vector<std::string> const files = folder.Files();
+    EXPECT_EQ(files, (std::vector<std::string>{"p-Controller.svg", "p-Display.svg", "p-Power.svg",
+                                               "p-Sensor_indoors.svg", "p-Sensor_outdoors.svg",
+                                               "p-weather-station.svg"}));
+    for (std::string const& file : files) {
+        XmlDocument const document = CheckXml(ReadFile(folder.Path(file)));
+        EXPECT_EQ(document.mistake, "") << file;
+        EXPECT_TRUE(document.HasUniqueIds()) << file;
+    }
+}
+
+TEST(Program, PictureHoldsTheDrawingsTextsAndNets) {
+    Outcome const outcome = Figrep({"render", EXAMPLE, "--sheet", "Controller", "-o", "-"});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    XmlDocument const document = CheckXml(outcome.out);
+    ASSERT_EQ(document.mistake, "");
+    std::vector<std::string> texts;
+    for (XmlElement const& text : document.Named("text")) texts.push_back(text.text);
+    for (char const* expected : {"U2", "MC328-P", "XTAL1", "D0", "BACKLIGHT", "UART_TX", "RESET"}) {
+        EXPECT_NE(std::find(texts.begin(), texts.end(), expected), texts.end()) << expected;
+    }
+    bool const hasNet = std::any_of(
+        document.elements.begin(), document.elements.end(), [](XmlElement const& element) {
+            auto const net = element.attributes.find("data-net");
+            return net != element.attributes.end() && net->second == "UART_TX";
+        });
+    EXPECT_TRUE(hasNet);
+}
+
+TEST(Program, CrossingsAreArcsUnlessAskedOtherwise) {
+    auto arcs = [](std::string const& style) {
+        Outcome const outcome =
+            Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "-", "--crossings", style});
+        std::size_t count = 0;
+        for (XmlElement const& path : CheckXml(outcome.out).Named("path")) {
+            if (path.attributes.at("d").find('A') != std::string::npos) ++count;
+        }
+        return count;
+    };
+    std::size_t const plain = arcs("none");
+    EXPECT_GE(arcs("arc"), plain + 6);
+    EXPECT_EQ(arcs("gap"), plain);
+}
+
+TEST(Program, BackgroundIsPaintedOrLeftOut) {
+    auto backgrounds = [](std::string const& color) {
+        Outcome const outcome =
+            Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "-", "--background", color});
+        std::vector<std::string> fills;
+        for (XmlElement const& rect : CheckXml(outcome.out).Named("rect")) {
+            fills.push_back(rect.attributes.at("fill"));
+        }
+        return fills;
+    };
+    EXPECT_EQ(backgrounds("#123"), std::vector<std::string>{"#112233"});
+    EXPECT_EQ(backgrounds("none"), std::vector<std::string>{});
+}
+
+TEST(Program, TheSameInputGivesTheSameBytes) {
+    std::vector<std::string> const arguments = {"render", EXAMPLE, "--sheet", "/", "-o", "-"};
+    EXPECT_EQ(Figrep(arguments).out, Figrep(arguments).out);
+}
+
+TEST(Program, QuietPrintsNoProgress) {
+    TemporaryFolder folder;
+    std::string const path = folder.Path("a.svg");
+    EXPECT_NE(Figrep({"render", EXAMPLE, "--sheet", "/", "-o", path}).err, "");
+    EXPECT_EQ(Figrep({"render", EXAMPLE, "--sheet", "/", "-o", path, "--quiet"}).err, "");
+    EXPECT_EQ(folder.Files(), std::vector<std::string>{"a.svg"}) << "no temporary stays";
+}
+
+TEST(Program, InfoCountsWhatTheListsHold) {
+    Outcome const outcome = Figrep({"info", EXAMPLE, "--json"});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    json const info = json::parse(outcome.out);
+    json const items = json::parse(Figrep({"list", "items", EXAMPLE, "--json"}).out);
+    json const nets = json::parse(Figrep({"list", "nets", EXAMPLE, "--json"}).out);
+    std::size_t sum = 0;
+    for (auto const& [type, count] : info.at("items").items()) sum += count.get<std::size_t>();
+    EXPECT_EQ(sum, items.size());
+    EXPECT_EQ(info.at("nets"), nets.size());
+    EXPECT_EQ(info.at("warnings"), 0);
+    EXPECT_GE(info.at("crossings").get<int>(), 6);
+    EXPECT_EQ(info.at("sheets").size(), 6u);
+    for (char const* key : {"id", "type", "name", "sheet"}) EXPECT_TRUE(items[0].contains(key));
+    for (char const* key : {"name", "pins", "sheets", "subnets"}) {
+        EXPECT_TRUE(nets[0].contains(key));
+    }
+}
+
+TEST(Program, ListsHaveOneLinePerEntry) {
+    for (char const* what : {"nets", "items", "ports", "sheets"}) {
+        Outcome const text = Figrep({"list", what, EXAMPLE});
+        Outcome const asJson = Figrep({"list", what, EXAMPLE, "--json"});
+        ASSERT_EQ(text.code, 0);
+        auto const lines =
+            static_cast<std::size_t>(std::count(text.out.begin(), text.out.end(), '\n'));
+        EXPECT_EQ(lines, json::parse(asJson.out).size()) << what;
+    }
+}
+
+TEST(EmbeddingExample, PaintsItsTwoParts) {
+    Outcome const outcome = RunProgram("embedding", {});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    XmlDocument const document = CheckXml(outcome.out);
+    EXPECT_EQ(document.mistake, "");
+    std::size_t blocks = 0;
+    for (XmlElement const& group : document.Named("g")) {
+        auto const type = group.attributes.find("data-type");
+        if (type != group.attributes.end() && type->second == "BlockInstance") ++blocks;
+    }
+    EXPECT_EQ(blocks, 2u);
+}
+
+}  // namespace
+}  // namespace fighost::test
