@@ -44,10 +44,12 @@ void Figure::UpdateArrows() {
         subNet->Accept(*arrowPatterns_);
 }
 
-// Wires may have been moved, or given another arrow style, since the last delta.
+// Wires may have come in, been moved or been given another arrow style since the last delta.
 void Figure::UpdateContent() {
     zvk::WriteGuard guard(GetLock());
     if (!loaded_) return;
+    for (auto const& subHighway : Marked(subHighways_)) subHighway->Accept(*crossingPoints_);
+    for (auto const& subNet : Marked(subNets_)) subNet->Accept(*crossingPoints_);
     UpdateArrows();
     crossingPoints_->Update();
     DrawWires();
