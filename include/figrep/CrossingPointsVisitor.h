@@ -33,6 +33,9 @@ public:
     /// Notes that the course of a sub-net or sub-highway changed, so that its segments are taken in
     /// anew. Constant time; other items are ignored.
     void NoteChanged(AbstractFigureItem const& wire);
+    /// Marks the owners of all wires that cross the sub-net, sub-highway or segment, also where
+    /// several wires at one place share its mark. Cost: the crossings of the sub-net or highway.
+    void MarkPartners(AbstractFigureItem const& wire);
     /// Takes the crossings off all segments and forgets these.
     void Reset();
     /// Whether any segment of the sub-net or sub-highway has a crossing. Null: false.

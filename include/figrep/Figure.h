@@ -177,6 +177,9 @@ public:
     /// Notes that the course of a sub-net or sub-highway changed, so that its crossings and arrows
     /// are looked at again. Sub-nets and sub-highways call it; constant time.
     void NoteWireChanged(AbstractFigureItem& wire);
+    /// Asks for new pictures of all wires that cross the sub-net, sub-highway or segment, since a
+    /// setting there can decide how a crossing looks. Cost: the crossings.
+    void MarkCrossingPartners(AbstractFigureItem const& wire);
     /// The box of what the figure shows, computed when unknown by a walk of all content.
     DBox2D GetExtents();
     /// `DBox2D::EMPTY` has the box computed anew when next asked for.

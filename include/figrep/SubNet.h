@@ -64,7 +64,7 @@ public:
     bool GetGraphicalUpdateNeeded() const;
     void SetGraphicalUpdateNeeded(bool needed);
     /// Marks every sub-net whose wires cross one of this sub-net's, since a setting here can
-    /// decide how the crossing looks. Turns no tree.
+    /// decide how the crossing looks. Turns no tree; nothing outside a figure.
     void MarkCrossingPartners();
 
     /// The box of all wires, labels of the item excluded; computed at most once between changes.

@@ -2,10 +2,6 @@
 #pragma once
 
 #include <figrep/ConnectionNode.h>
-#include <figrep/Segment.h>
-
-#include <unordered_set>
-#include <vector>
 
 namespace figrep {
 
@@ -26,28 +22,6 @@ void WalkNodes(SmartPtr<ConnectionNode> const& head, Action const& action) {
         action(node);
         return true;
     });
-}
-
-/// Marks the owners of all wires that cross one of `subNet`'s, or for a null sub-net one of a
-/// highway's, starting from `seeds`. Goes along the links in both directions, so that no tree is
-/// turned: settings change also while a walk is under way.
-inline void MarkCrossingPartnersFrom(std::vector<SmartPtr<ConnectionNode>> const& seeds,
-                                     SmartPtr<SubNet> const& subNet) {
-    std::unordered_set<ConnectionNode const*> seen;
-    std::vector<SmartPtr<ConnectionNode>> pending;
-    auto const enter = [&](SmartPtr<ConnectionNode> const& node) {
-        if (!node || node->GetNodeType() == figk::BaseConnectionNode::NODE_HIGHWAY) return;
-        if (node->Visit(subNet) && seen.insert(node.Get()).second) pending.push_back(node);
-    };
-    for (auto const& seed : seeds) enter(seed);
-    while (!pending.empty()) {
-        SmartPtr<ConnectionNode> const node = pending.back();
-        pending.pop_back();
-        if (auto const segment = du::DynamicCast<Segment>(node)) segment->MarkCrossingPartners();
-        enter(node->GetPredecessor());
-        enter(node->GetLeftSuccessor());
-        enter(node->GetRightSuccessor());
-    }
 }
 
 }  // namespace figrep

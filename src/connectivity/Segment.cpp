@@ -308,12 +308,7 @@ void Segment::RemoveAllCrossingPoints() {
 }
 
 void Segment::MarkCrossingPartners() {
-    std::vector<SmartPtr<CrossingPoint>> crossings;
-    GetCrossingPoints(crossings);
-    SmartPtr<Segment> const self(this);
-    for (SmartPtr<CrossingPoint> const& crossing : crossings) {
-        if (auto const other = crossing->GetOtherSegment(self)) other->GraphicalUpdateNeeded();
-    }
+    if (auto const figure = GetFigure()) figure->MarkCrossingPartners(*this);
 }
 
 // Arrows.

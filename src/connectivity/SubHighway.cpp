@@ -159,8 +159,7 @@ void SubHighway::SettingsChanged() {
 }
 
 void SubHighway::MarkCrossingPartners() {
-    zvk::WriteGuard const guard(GetLock());
-    MarkCrossingPartnersFrom({head_}, nullptr);
+    if (auto const figure = GetFigure()) figure->MarkCrossingPartners(*this);
 }
 
 ConstSmartPtr<figk::Setting> SubHighway::GetInheritedSetting(Setting::RepKey key,

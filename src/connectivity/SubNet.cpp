@@ -227,10 +227,7 @@ void SubNet::SettingsChanged() {
 }
 
 void SubNet::MarkCrossingPartners() {
-    zvk::WriteGuard const guard(GetLock());
-    std::vector<SmartPtr<ConnectionNode>> seeds{head_};
-    for (auto const& node : highwayNodes_) seeds.push_back(node->GetNetConnectionNode());
-    MarkCrossingPartnersFrom(seeds, SmartPtr<SubNet>(this));
+    if (auto const figure = GetFigure()) figure->MarkCrossingPartners(*this);
 }
 
 ConstSmartPtr<figk::Setting> SubNet::GetInheritedSetting(Setting::RepKey key, unsigned int& depth,

@@ -73,6 +73,11 @@ void Figure::NoteWireChanged(AbstractFigureItem& wire) {
     arrowPatterns_->NoteChanged(wire);
 }
 
+void Figure::MarkCrossingPartners(AbstractFigureItem const& wire) {
+    zvk::WriteGuard guard(GetLock());
+    if (!tornDown_) crossingPoints_->MarkPartners(wire);
+}
+
 bool Figure::GetGraphicRegenerationSuspended() const {
     zvk::ReadGuard guard(GetLock());
     return graphicRegenerationSuspended_;

@@ -47,6 +47,16 @@ void CrossingPointsVisitor::NoteChanged(AbstractFigureItem const& wire) {
     if (CrossingSegments* const segments = SegmentsOf(wire)) segments->Note(wire);
 }
 
+void CrossingPointsVisitor::MarkPartners(AbstractFigureItem const& wire) {
+    if (auto const* netSegment = dynamic_cast<NetSegment const*>(&wire)) {
+        if (auto const subNet = netSegment->GetSubNet()) nets_->MarkPartners(*subNet);
+    } else if (auto const* highwaySegment = dynamic_cast<HighwaySegment const*>(&wire)) {
+        if (auto const owner = highwaySegment->GetSubHighway()) highways_->MarkPartners(*owner);
+    } else if (CrossingSegments* const segments = SegmentsOf(wire)) {
+        segments->MarkPartners(wire);
+    }
+}
+
 void CrossingPointsVisitor::Reset() {
     mode_ = Mode::COLLECT;
     inHighway_ = false;

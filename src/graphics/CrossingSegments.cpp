@@ -187,6 +187,16 @@ void CrossingSegments::Note(AbstractFigureItem const& owner) {
     if (known != ownerIndex_.end()) known->second->noted = true;
 }
 
+void CrossingSegments::MarkPartners(AbstractFigureItem const& owner) const {
+    auto const known = ownerIndex_.find(&owner);
+    if (known == ownerIndex_.end()) return;
+    for (Slot slot : known->second->slots) {
+        for (Partner const& partner : partners_[slot]) {
+            segments_[partner.slot]->GraphicalUpdateNeeded();
+        }
+    }
+}
+
 std::vector<SmartPtr<AbstractFigureItem>> CrossingSegments::GetNotedOwners() const {
     std::vector<SmartPtr<AbstractFigureItem>> noted;
     for (Owner const& owner : owners_) {

@@ -34,6 +34,8 @@ public:
     void EndPass();
 
     void Note(AbstractFigureItem const& owner);
+    /// Asks for new pictures of all segments that cross one of the owner's.
+    void MarkPartners(AbstractFigureItem const& owner) const;
     /// The owners noted since they were taken in, in the order of their arrival. Cost: linear in all.
     std::vector<SmartPtr<AbstractFigureItem>> GetNotedOwners() const;
     void Remove(AbstractFigureItem const& owner);
