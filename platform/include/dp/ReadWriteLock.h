@@ -34,6 +34,16 @@ public:
         ++hold.readers;
     }
 
+    /// Takes the lock for reading unless the thread holds it in any way; true when it took it.
+    /// For scopes that end before whatever else holds the lock: they need no count of their own.
+    bool ReadLockUnlessHeld() {
+        Hold& hold = MyHold();
+        if (hold.readers + hold.writers != 0) return false;
+        EnterRead();
+        ++hold.readers;
+        return true;
+    }
+
     void ReadUnlock() {
         Hold& hold = MyHold();
         if (hold.readers == 0) return;

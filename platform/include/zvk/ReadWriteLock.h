@@ -4,12 +4,15 @@
 #include <dp/ReadWriteLock.h>
 #include <du/SmartPtr.h>
 
+#include <cassert>
+
 namespace zvk {
 
 /// A `dp::ReadWriteLock` that many objects hold together.
 class ReadWriteLock : public virtual du::RefCounted {
 public:
     void ReadLock() { lock_.ReadLock(); }
+    bool ReadLockUnlessHeld() { return lock_.ReadLockUnlessHeld(); }
     void ReadUnlock() { lock_.ReadUnlock(); }
     void WriteLock() { lock_.WriteLock(); }
     void WriteUnlock() { lock_.WriteUnlock(); }
@@ -24,20 +27,23 @@ private:
 
 /// Holds a lock for reading as long as it stands; does nothing with a null lock.
 ///
-/// Counts no reference, so that taking a lock again stays cheap: the lock outlives the guard.
+/// Inside another hold of the same thread it takes nothing and relies on that one, which therefore
+/// must not be given back before the guard goes. Counts no reference to the lock, which outlives
+/// it.
 class [[nodiscard]] ReadGuard {
 public:
-    explicit ReadGuard(du::SmartPtr<ReadWriteLock> const& guarded) : lock_(guarded.Get()) {
-        if (lock_) lock_->ReadLock();
-    }
+    explicit ReadGuard(du::SmartPtr<ReadWriteLock> const& guarded)
+        : lock_(guarded.Get()), taken_(lock_ && lock_->ReadLockUnlessHeld()) {}
     ReadGuard(ReadGuard const&) = delete;
     ReadGuard& operator=(ReadGuard const&) = delete;
     ~ReadGuard() {
-        if (lock_) lock_->ReadUnlock();
+        assert(!lock_ || lock_->IsHeldByThisThread());
+        if (taken_) lock_->ReadUnlock();
     }
 
 private:
     ReadWriteLock* lock_;
+    bool taken_;
 };
 
 /// The same for writing.

@@ -212,6 +212,23 @@ TEST(Guards, HoldTheLockForTheirScope) {
     EXPECT_FALSE(lock->IsHeldByThisThread());
 }
 
+TEST(Guards, ANestedReaderRestsOnTheOuterHold) {
+    du::SmartPtr<zvk::ReadWriteLock> const lock(new zvk::ReadWriteLock);
+    {
+        zvk::ReadGuard const outer(lock);
+        { zvk::ReadGuard const inner(lock); }
+        EXPECT_TRUE(lock->IsHeldByThisThread());
+        {
+            zvk::WriteGuard const writer(lock);
+            { zvk::ReadGuard const inner(lock); }
+            EXPECT_TRUE(lock->IsWriteHeldByThisThread());
+        }
+        EXPECT_TRUE(lock->IsHeldByThisThread());
+        EXPECT_FALSE(lock->IsWriteHeldByThisThread());
+    }
+    EXPECT_FALSE(lock->IsHeldByThisThread());
+}
+
 TEST(Guards, AcceptANullLock) {
     du::SmartPtr<zvk::ReadWriteLock> const none;
     zvk::ReadGuard const reader(none);
