@@ -165,7 +165,8 @@ void BaseConnectionNode::Disconnect() {
         LeaveBehind(NodePtr(LogicalPredecessor()));
     }
     MakePackingReal();
-    while (left_) LeaveBehind(left_);
+    while (left_)
+        LeaveBehind(left_);
 }
 
 SmartPtr<BaseConnectionNode> BaseConnectionNode::Pivot(SmartPtr<BaseConnectionNode> const&) {

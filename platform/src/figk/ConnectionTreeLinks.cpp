@@ -332,8 +332,10 @@ void BaseConnectionNode::CutJunctionsAmongThemselves() {
         }
     }
     std::vector<NodePtr> junctions;
-    for (Place const& place : reached) junctions.push_back(NodePtr(place.node));
-    for (NodePtr const& junction : junctions) junction->ForgetAll();
+    for (Place const& place : reached)
+        junctions.push_back(NodePtr(place.node));
+    for (NodePtr const& junction : junctions)
+        junction->ForgetAll();
 }
 
 /// Puts the only branch of this junction in its place, so that the order of those beside it stays.

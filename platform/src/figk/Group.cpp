@@ -5,8 +5,34 @@
 #include <figk/GraphicGroup.h>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace figk {
+
+namespace {
+
+using Members = std::vector<SmartPtr<GroupMember>>;
+
+/// The members of groups that died while another group was dying on this thread; null otherwise.
+thread_local Members* orphans = nullptr;
+
+/// Drops the members of a dying group. Groups among them leave theirs to the outermost call, so a
+/// deep nest dies without recursion.
+void LetGo(Members members) {
+    if (orphans) {
+        std::move(members.begin(), members.end(), std::back_inserter(*orphans));
+        return;
+    }
+    orphans = &members;
+    while (!members.empty()) {
+        SmartPtr<GroupMember> const last = std::move(members.back());
+        members.pop_back();
+    }
+    orphans = nullptr;
+}
+
+}  // namespace
 
 GroupMember::GroupMember() = default;
 GroupMember::GroupMember(GroupMember const& other) : du::RefCounted(other) {}
@@ -44,6 +70,7 @@ Group& Group::operator=(Group const&) {
 Group::~Group() {
     for (SmartPtr<GroupMember> const& member : members_)
         member->owner_ = nullptr;
+    LetGo(std::move(members_));
 }
 
 bool Group::IsGroup() const {
