@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 #include <dg/CircularArc.h>
 #include <du/Utf8.h>
@@ -29,14 +30,11 @@ EntityPtr MakeBox(Point a, Point b, Frame const& frame, Attributes const& attrib
     return MakePolyline(Convert({a, {b.x, a.y}, b, {a.x, b.y}}, frame), attributes, true);
 }
 
-/// The arc through three points; a straight line when they lie on one.
-EntityPtr MakeArc(std::vector<Point> const& points, Frame const& frame,
-                  Attributes const& attributes) {
-    auto const p = Convert(points, frame);
+std::optional<dg::CircularArc<double, 2>> ArcThrough(std::vector<dg::DPoint2D> const& p) {
     double const ax = p[1].x - p[0].x, ay = p[1].y - p[0].y;
     double const bx = p[2].x - p[0].x, by = p[2].y - p[0].y;
     double const cross = ax * by - ay * bx;
-    if (std::abs(cross) < 1e-9) return MakePolyline(p, attributes);
+    if (std::abs(cross) < 1e-9) return std::nullopt;
     double const a2 = ax * ax + ay * ay, b2 = bx * bx + by * by;
     dg::DPoint2D const centre(p[0].x + (by * a2 - ay * b2) / (2 * cross),
                               p[0].y + (ax * b2 - bx * a2) / (2 * cross));
@@ -45,8 +43,22 @@ EntityPtr MakeArc(std::vector<Point> const& points, Frame const& frame,
     double to = std::atan2(p[2].y - centre.y, p[2].x - centre.x);
     if (cross < 0) std::swap(from, to);  // the points run clockwise
     if (to <= from) to += 2 * std::numbers::pi;
-    return EntityPtr(new zv2d::CircularArc(dg::CircularArc<double, 2>(centre, radius, from, to),
-                                           zv2d::CircularArc::OPEN, attributes));
+    return dg::CircularArc<double, 2>(centre, radius, from, to);
+}
+
+/// The arc through three points; a straight line when they lie on one.
+void AppendArc(Shape const& shape, Frame const& frame, std::vector<EntityPtr>& entities) {
+    auto const points = Convert(shape.points, frame);
+    auto const arc = ArcThrough(points);
+    if (!arc) return entities.push_back(MakePolyline(points, LineAttributesOf(shape.stroke)));
+    if (shape.fill.type != Fill::NONE) {
+        Stroke none;
+        none.width = -1;
+        entities.emplace_back(new zv2d::CircularArc(*arc, zv2d::CircularArc::SECTOR,
+                                                    ShapeAttributesOf(none, shape.fill)));
+    }
+    entities.emplace_back(
+        new zv2d::CircularArc(*arc, zv2d::CircularArc::OPEN, LineAttributesOf(shape.stroke)));
 }
 
 EntityPtr MakeCurve(std::vector<Point> const& points, Frame const& frame,
@@ -88,21 +100,21 @@ EntityPtr MakeCircle(dg::DPoint2D const& centre, double radius, Attributes const
     return EntityPtr(new zv2d::CircularArc(arc, zv2d::CircularArc::OPEN, attributes));
 }
 
-EntityPtr MakeShape(Shape const& shape, Frame const& frame) {
-    if (shape.kind == Shape::TEXT) return nullptr;
+void AppendShape(Shape const& shape, Frame const& frame, std::vector<EntityPtr>& entities) {
+    if (shape.kind == Shape::TEXT) return;
+    if (shape.kind == Shape::ARC) return AppendArc(shape, frame, entities);
     Attributes const attributes = ShapeAttributesOf(shape.stroke, shape.fill);
     switch (shape.kind) {
         case Shape::RECTANGLE:
         case Shape::TEXT_BOX:
-            return MakeBox(shape.points[0], shape.points[1], frame, attributes);
+            return entities.push_back(MakeBox(shape.points[0], shape.points[1], frame, attributes));
         case Shape::CIRCLE:
-            return MakeCircle(frame(shape.points[0]), ToMm(shape.radius), attributes);
-        case Shape::ARC:
-            return MakeArc(shape.points, frame, attributes);
+            return entities.push_back(
+                MakeCircle(frame(shape.points[0]), ToMm(shape.radius), attributes));
         case Shape::BEZIER:
-            return MakeCurve(shape.points, frame, attributes);
+            return entities.push_back(MakeCurve(shape.points, frame, attributes));
         default:
-            return MakePolyline(Convert(shape.points, frame), attributes);
+            entities.push_back(MakePolyline(Convert(shape.points, frame), attributes));
     }
 }
 

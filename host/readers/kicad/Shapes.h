@@ -16,8 +16,9 @@ namespace fighost::kicad {
 
 using EntityPtr = du::ConstSmartPtr<zv2d::Entity>;
 
-/// The outline of a shape; null for texts. Of a text box the frame.
-EntityPtr MakeShape(Shape const& shape, Frame const& frame);
+/// Appends what draws a shape; nothing for texts. Of a text box the frame. A filled arc is a sector
+/// without outline below the arc.
+void AppendShape(Shape const& shape, Frame const& frame, std::vector<EntityPtr>& entities);
 
 EntityPtr MakePolyline(std::vector<dg::DPoint2D> points,
                        du::ConstSmartPtr<zv2d::Attributes> const& attributes, bool closed = false);

@@ -43,8 +43,10 @@ std::string SheetPictures::Expand(std::string_view text) const {
 }
 
 void SheetPictures::DrawShape(Shape const& shape, Role role, figkernel::GroupSource& group) {
-    group.graphics.push_back(Graphic(shape.uuid, "", {MakeShape(shape, frame)},
-                                     looks.Colored(role, shape.stroke.color)));
+    std::vector<EntityPtr> entities;
+    AppendShape(shape, frame, entities);
+    group.graphics.push_back(
+        Graphic(shape.uuid, "", entities, looks.Colored(role, shape.stroke.color)));
 }
 
 void SheetPictures::DrawText(Shape const& shape, figkernel::GroupSource& group) {
@@ -177,8 +179,9 @@ figkernel::BlockSource SheetPictures::MakeSheetBlock(std::size_t number) {
     box.points = {symbol.at, symbol.at + symbol.size};
     box.stroke = symbol.stroke;
     box.fill = symbol.fill;
-    block.graphics.graphics.push_back(
-        Graphic("", "sheet", {MakeShape(box, frame)}, block.settings));
+    std::vector<EntityPtr> outline;
+    AppendShape(box, frame, outline);
+    block.graphics.graphics.push_back(Graphic("", "sheet", outline, block.settings));
     std::string const& reason = hierarchy.sheets[sheet].missing[number];
     if (!reason.empty()) MarkMissing(symbol, reason, block);
     for (Property const& property : symbol.properties) {

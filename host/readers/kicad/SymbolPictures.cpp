@@ -89,7 +89,10 @@ void SymbolPictures::AddShapes(ResolvedSymbol const& symbol, bool withBodyFill, 
                 definition = new zv2d::Definition;
                 order.push_back(settings);
             }
-            definition->Add(MakeShape(shape, LIBRARY_FRAME));
+            std::vector<EntityPtr> entities;
+            AppendShape(shape, LIBRARY_FRAME, entities);
+            for (EntityPtr const& entity : entities)
+                definition->Add(entity);
         }
     }
     for (auto const settings : order)
