@@ -336,6 +336,10 @@ private:
             for (BasePtr const& next : SuccessorsOf(self)) {
                 Expect(next->GetNodeType() == HIGHWAY_SEGMENT, "has a wire below an entry");
             }
+            for (BasePtr const& next : SuccessorsOf(netNode)) {
+                Expect(next == self || next->GetNodeType() == CONNECTOR,
+                       "shares the wire that enters a highway");
+            }
             Expect(PlaceOf(netNode).end == EndsOf(*segment).end, "enters a highway beside its tap");
             return;
         }
