@@ -21,9 +21,9 @@ namespace figrep {
 
 namespace {
 
-constexpr float LABEL_HEIGHT = 2.54F;              // figure units
-constexpr double LABEL_OFFSET = LABEL_HEIGHT / 3;  // from the wire to the label's baseline
-constexpr double ABOUT_HORIZONTAL = 0.1;           // radians
+constexpr float LABEL_HEIGHT = 2.54F;                 // figure units
+constexpr double LABEL_OFFSET = LABEL_HEIGHT / 3.0F;  // from the wire to the label's baseline
+constexpr double ABOUT_HORIZONTAL = 0.1;              // radians
 
 struct ColorWord {
     std::string_view word;
