@@ -22,7 +22,8 @@ namespace figrep {
 namespace {
 
 constexpr float LABEL_HEIGHT = 2.54F;                 // figure units
-constexpr double LABEL_OFFSET = LABEL_HEIGHT / 3.0F;  // from the wire to the label's baseline
+/// From the wire to the label's baseline: a third of the height.
+constexpr double LABEL_OFFSET = static_cast<double>(LABEL_HEIGHT) / 3.0;
 constexpr double ABOUT_HORIZONTAL = 0.1;              // radians
 
 struct ColorWord {
