@@ -7,6 +7,7 @@
 #include <figrep/Fwd.h>
 #include <figrep/GraphicalFigureItem.h>
 #include <figrep/TextLabelContainer.h>
+#include <figrep/TokenObserver.h>
 
 #include <vector>
 

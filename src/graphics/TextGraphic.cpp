@@ -21,10 +21,10 @@ namespace figrep {
 
 namespace {
 
-constexpr float LABEL_HEIGHT = 2.54F;                 // figure units
+constexpr float LABEL_HEIGHT = 2.54F;  // figure units
 /// From the wire to the label's baseline: a third of the height.
 constexpr double LABEL_OFFSET = static_cast<double>(LABEL_HEIGHT) / 3.0;
-constexpr double ABOUT_HORIZONTAL = 0.1;              // radians
+constexpr double ABOUT_HORIZONTAL = 0.1;  // radians
 
 struct ColorWord {
     std::string_view word;

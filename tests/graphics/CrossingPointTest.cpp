@@ -323,8 +323,8 @@ TEST(CrossingPointsVisitor, AfterAnyChangesTheSegmentsShowWhatAllPairsSay) {
         for (std::size_t i = 0; i < count; ++i) {
             DPoint2D const from(coordinate(), coordinate());
             bool const vertical = random() % 2 == 0;
-            DPoint2D const to = vertical ? DPoint2D(from.x, coordinate())
-                                         : DPoint2D(coordinate(), from.y);
+            DPoint2D const to =
+                vertical ? DPoint2D(from.x, coordinate()) : DPoint2D(coordinate(), from.y);
             wires.push_back(drawing.LoneWire(from, to));
         }
         drawing.Draw();
