@@ -43,6 +43,30 @@ void KeepSmaller(std::string& smallest, std::string const& id) {
     if (smallest.empty() || id < smallest) smallest = id;
 }
 
+/// Nobody drew a stub, but a run of wires may begin with one and is then drawn with its settings; so
+/// it takes those of the nearest segment, that above it before those below.
+template <class Record>
+void GiveStubsLooks(std::vector<PlanNode> const& plan,
+                    std::vector<du::SmartPtr<figk::ConnectionNode>> const& nodes) {
+    auto const lend = [&](std::size_t from, std::size_t to) {
+        if (plan[to].kind != PlanKind::STUB) return;
+        PlanKind const kind = plan[from].kind;
+        bool const drawn =
+            kind == PlanKind::PIECE || kind == PlanKind::TAP || kind == PlanKind::STUB;
+        if (!drawn) return;
+        auto& stub = static_cast<Record&>(*nodes[to]);
+        if (!stub.GetSettings()) {
+            stub.SetSettings(static_cast<Record&>(*nodes[from]).GetSettings());
+        }
+    };
+    auto const lendDown = [&] {
+        for (std::size_t i = 1; i < plan.size(); ++i) lend(plan[i].parent, i);
+    };
+    lendDown();
+    for (std::size_t i = plan.size(); i-- > 1;) lend(i, plan[i].parent);
+    lendDown();
+}
+
 }  // namespace
 
 std::string TreeAssembler::WireId(std::uint32_t wire) const {
@@ -134,6 +158,7 @@ void TreeAssembler::AddSubHighway(SubHighwayPlan const& plan, PlacedHighwaySegme
         nodes.push_back(MakeHighwayNode(node, plan, *record, placed));
         if (node.parent != NO_INDEX) nodes[node.parent]->AddSuccessor(nodes.back());
     }
+    GiveStubsLooks<HighwaySegmentRecord>(plan.nodes, nodes);
     if (!nodes.empty()) record->SetHead(nodes.front());
     highway.Add(record);
     sheet.subHighways.push_back(record);
@@ -263,6 +288,7 @@ void TreeAssembler::AddSubNet(SubNetPlan const& plan, NetPlan const& net,
         if (parent != NO_INDEX) nodes[parent]->AddSuccessor(nodes.back());
     }
     TieHighwayNodes(plan, nodes);
+    GiveStubsLooks<NetSegmentRecord>(plan.nodes, nodes);
     if (!nodes.empty()) record->SetHead(nodes.front());
     netRecord.Add(record);
     sheet.AddSubNet(record);
