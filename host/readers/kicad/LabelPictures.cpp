@@ -65,7 +65,8 @@ void LabelPictures::AddText(std::string const& id, std::string const& text, Stan
                             TextStyle const& style, Role role, figkernel::GroupSource& group) {
     if (text.empty() || style.hidden) return;
     auto source = MakeText(text, stand, style, looks.Colored(role, style.color));
-    source.id = id;
+    // The file has one id for a flag and its text.
+    if (!id.empty()) source.id = id + ".text";
     group.texts.push_back(std::move(source));
 }
 

@@ -84,7 +84,8 @@ void SheetPictures::DrawBoxText(Shape const& shape, std::string const& id,
     stand.at = upright ? dg::DPoint2D(pick(v, left, right), pick(h, bottom, top))
                        : dg::DPoint2D(pick(h, left, right), pick(-v, bottom, top));
     auto source = MakeText(text, stand, shape.style, looks.Colored(Role::NOTE, shape.style.color));
-    source.id = id;
+    // The file has one id for a box and its text.
+    if (!id.empty()) source.id = id + ".text";
     group.texts.push_back(std::move(source));
 }
 
