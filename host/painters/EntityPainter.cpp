@@ -115,7 +115,12 @@ fighost::Paint EntityPainter::PaintOf(zv2d::Entity const& entity) const {
 void EntityPainter::Visit(zv2d::TexPolyline const& polyline) {
     std::vector<dg::DPoint2D> points;
     points.reserve(polyline.GetVertices().size());
-    for (dg::DPoint2D const& vertex : polyline.GetVertices()) points.push_back(matrix_ * vertex);
+    for (dg::DPoint2D const& vertex : polyline.GetVertices()) {
+        dg::DPoint2D const point = matrix_ * vertex;
+        if (points.empty() || !(points.back() == point)) points.push_back(point);
+    }
+    // Wires without length hold connectivity together and show nothing.
+    if (points.size() < 2) return;
     painter_.Polyline(points, polyline.IsClosed(), PaintOf(polyline));
 }
 

@@ -15,6 +15,7 @@
 #include <figrep/SchematicRepresentation.h>
 #include <figrep/Setting.h>
 #include <readers/kicad/ReadDesign.h>
+#include <session/SheetFrame.h>
 
 namespace fighost {
 
@@ -46,6 +47,13 @@ char const* KindName(figkernel::BuildFinding::Kind kind) {
         case BuildFinding::DEEP_GROUP: return "build-deep-group";
     }
     return "build";
+}
+
+std::string SentenceOf(figkernel::BuildFinding const& finding) {
+    std::string sentence = finding.text;
+    if (!finding.id.empty()) sentence += " Id: " + finding.id + ".";
+    if (!finding.sheet.empty()) sentence += " Sheet: " + finding.sheet + ".";
+    return sentence;
 }
 
 figrep::ConstSmartPtr<figrep::Setting> CrossingSetting(figk::CrossingPointStyle style) {
@@ -103,7 +111,7 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
     figkernel::BuildResult const built =
         figkernel::Build(source, figk::SchematicKernel::GetKernelLock());
     for (figkernel::BuildFinding const& finding : built.findings) {
-        findings_.Warn(KindName(finding.kind), {file_, 0, 0}, finding.text);
+        findings_.Warn(KindName(finding.kind), {file_, 0, 0}, SentenceOf(finding));
     }
     design_ = built.design;
     Kernel()->AddDesign(design_);
@@ -126,6 +134,7 @@ void Session::AddSheet(SmartPtr<figk::Sheet> const& record, SessionOptions const
     sheet.record = record;
     sheet.figure = factory.CreateFigure();
     sheet.figure->AddSetting(CrossingSetting(options.crossings), false);
+    AddSheetFrame(record, sheet.figure);
     figrep::FigureSheetDeltaGenerator generator(record);
     sheet.figure->GenerateDeltas(generator);
     sheet.figure->ApplyDeltas(false);

@@ -28,7 +28,7 @@ TEST(SheetFileNames, KeepsWhatIsSafeAndReplacesTheRest) {
     SheetFileNames names;
     EXPECT_EQ(names.Next("Power-1_a.b"), "Power-1_a.b");
     EXPECT_EQ(names.Next("a/b\\c:d e"), "a_b_c_d_e");
-    EXPECT_EQ(names.Next("../../etc"), "_.._.._etc" + std::string()) << "no way up";
+    EXPECT_EQ(names.Next("../../etc"), "_._.._etc") << "no way up";
     EXPECT_EQ(names.Next("Größe"), "Größe");
 }
 

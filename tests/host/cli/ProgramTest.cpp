@@ -82,7 +82,7 @@ TEST(Program, UnwritableOutputExitsWithFourAndLeavesNothing) {
 }
 
 TEST(Program, FullDeviceExitsWithFour) {
-    EXPECT_EQ(Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "/dev/full"}).code, 4);
+    EXPECT_EQ(Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "/dev/full", "--format", "svg"}).code, 4);
 }
 
 TEST(Program, EverySheetBecomesAWellFormedPicture) {

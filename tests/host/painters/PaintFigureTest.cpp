@@ -197,6 +197,14 @@ TEST_F(PaintFigureTest, EntitysOwnLineAttributesCountWhenTheirKindSaysSo) {
     EXPECT_DOUBLE_EQ(lines.at(1).paint.stroke.width, HAIRLINE);
 }
 
+TEST_F(PaintFigureTest, LinesWithoutLengthAreLeftOutAndRepeatedPointsAreOne) {
+    AddFree(LineShape({{2, 3}, {2, 3}}));
+    AddFree(LineShape({{0, 0}, {0, 0}, {1, 0}, {1, 0}}));
+    auto const lines = Painted().Of("line");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines[0].points.size(), 2u);
+}
+
 TEST_F(PaintFigureTest, OnlyEntitiesWithAFillAreFilled) {
     auto fill = [](int kind) {
         return zv2d::Attributes::Get(
