@@ -120,8 +120,8 @@ public:
     /// node is head already. The argument makes no difference. No walk of the tree may be running.
     /// Cost: the path to the old head, with the branches on it.
     SmartPtr<BaseConnectionNode> Pivot(SmartPtr<BaseConnectionNode> const& predecessor);
-    /// Unlinks every node of the tree that this node is in, upwards and downwards. What nobody else
-    /// holds dies, one node at a time, whatever the depth.
+    /// Unlinks every node of the tree that this node is in, upwards and downwards; no virtual of
+    /// the nodes is called. What nobody else holds dies, one node at a time, whatever the depth.
     void CutTree();
 
     /// A walk of this node and what is below it: the node, its left tree, its right tree. Asks a
