@@ -105,4 +105,22 @@ private:
     std::vector<NodePtr> nodes_;
 };
 
+/// A head `a` with successors b, c, ... of the given number.
+struct Star {
+    explicit Star(int branches) {
+        hub = MakeNode("a");
+        for (int i = 0; i < branches; ++i) {
+            leaves.push_back(MakeNode(std::string(1, static_cast<char>('b' + i)), hub));
+        }
+    }
+    ~Star() {
+        hub->CutTree();
+        for (NodePtr const& leaf : leaves)
+            leaf->CutTree();
+    }
+
+    NodePtr hub;
+    std::vector<NodePtr> leaves;
+};
+
 }  // namespace figktest
