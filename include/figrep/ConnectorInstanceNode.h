@@ -9,8 +9,8 @@ namespace figrep {
 class ConnectorInstanceNode : public ConnectionNode {
 public:
     ConnectorInstanceNode(SmartPtr<ConnectorInstance> const& connector,
-                          SmartPtr<SubNet> const& subNet,
-                          SmartPtr<zvk::ReadWriteLock> const& lock, ConnectionNode* predecessor);
+                          SmartPtr<SubNet> const& subNet, SmartPtr<zvk::ReadWriteLock> const& lock,
+                          ConnectionNode* predecessor);
     /// Copies what the node stands for, never its links.
     ConnectorInstanceNode(ConnectorInstanceNode const& other);
     ~ConnectorInstanceNode() override;

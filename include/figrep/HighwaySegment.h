@@ -9,13 +9,12 @@ namespace figrep {
 /// A segment of a sub-highway, with the list of the sub-nets that run along it.
 class HighwaySegment : public Segment {
 public:
-    HighwaySegment(SmartPtr<SubHighway> const& subHighway,
-                   SmartPtr<zvk::ReadWriteLock> const& lock,
+    HighwaySegment(SmartPtr<SubHighway> const& subHighway, SmartPtr<zvk::ReadWriteLock> const& lock,
                    SmartPtr<figk::HighwaySegment> const& kernelSegment,
                    SmartPtr<ConnectionNode> const& predecessor);
-    HighwaySegment(SmartPtr<SubHighway> const& subHighway,
-                   SmartPtr<zvk::ReadWriteLock> const& lock, DPoint2D const& start,
-                   DPoint2D const& end, SmartPtr<ConnectionNode> const& predecessor);
+    HighwaySegment(SmartPtr<SubHighway> const& subHighway, SmartPtr<zvk::ReadWriteLock> const& lock,
+                   DPoint2D const& start, DPoint2D const& end,
+                   SmartPtr<ConnectionNode> const& predecessor);
     ~HighwaySegment() override;
 
     FigureItemType GetType() const override;

@@ -93,7 +93,8 @@ BaseBlockInstance::BaseBlockInstance(SmartPtr<zvk::ReadWriteLock> const& lock,
     : GraphicalFigureItem(lock, name), TextLabelContainer(lock) {}
 
 BaseBlockInstance::~BaseBlockInstance() {
-    for (auto const& connector : connectorInstances_) connector->blockInstance_ = nullptr;
+    for (auto const& connector : connectorInstances_)
+        connector->blockInstance_ = nullptr;
     for (auto const& child : children_) {
         if (child->parent_ == this) child->parent_ = nullptr;
     }
@@ -183,8 +184,10 @@ DBox2D BaseBlockInstance::GetExtents() {
 
 DBox2D BaseBlockInstance::MeasureExtents() {
     DBox2D box = GraphicalFigureItem::GetExtents();
-    for (auto const& child : children_) box.Enclose(child->GetCachedExtents());
-    for (auto const& connector : connectorInstances_) box.Enclose(connector->GetExtents());
+    for (auto const& child : children_)
+        box.Enclose(child->GetCachedExtents());
+    for (auto const& connector : connectorInstances_)
+        box.Enclose(connector->GetExtents());
     return box;
 }
 
@@ -220,13 +223,15 @@ bool BaseBlockInstance::FineOverlapCheck(DBox2D const& box) const {
 
 void BaseBlockInstance::SetLookAlone(BlockLook const& look) {
     (this->*look.setGraphics)(look.on);
-    for (auto const& connector : connectorInstances_) ((*connector).*look.setItem)(look.on);
+    for (auto const& connector : connectorInstances_)
+        ((*connector).*look.setItem)(look.on);
     (this->*look.setText)(look.on);
 }
 
 void BaseBlockInstance::SetFamilyLook(BlockLook const& look) {
     zvk::WriteGuard const guard(GetLock());
-    for (auto const& block : GetFamily()) block->SetLookAlone(look);
+    for (auto const& block : GetFamily())
+        block->SetLookAlone(look);
 }
 
 void BaseBlockInstance::SetHighlight(bool on) {
@@ -250,13 +255,15 @@ void BaseBlockInstance::SetVisibility(bool on) {
 void BaseBlockInstance::TransformAlone(BlockTransform const& transform) {
     transform.Apply(static_cast<GraphicGroupMember&>(*this));
     transform.Apply(static_cast<TextLabelContainer&>(*this));
-    for (auto const& connector : connectorInstances_) transform.Apply(*connector, *this);
+    for (auto const& connector : connectorInstances_)
+        transform.Apply(*connector, *this);
     transformed_ = true;
     ResetCachedExtents();
 }
 
 void BaseBlockInstance::TransformFamily(BlockTransform const& transform) {
-    for (auto const& block : GetFamily()) block->TransformAlone(transform);
+    for (auto const& block : GetFamily())
+        block->TransformAlone(transform);
     ForgetExtents();
 }
 
@@ -311,7 +318,8 @@ void BaseBlockInstance::AcceptGraphicsAndLabels(AbstractFigureVisitor& visitor) 
 }
 
 void BaseBlockInstance::AcceptConnectors(AbstractFigureVisitor& visitor) {
-    for (auto const& connector : GetConnectorInstances()) connector->Accept(visitor);
+    for (auto const& connector : GetConnectorInstances())
+        connector->Accept(visitor);
 }
 
 ConstSmartPtr<figk::Setting> BaseBlockInstance::GetInheritedSetting(Setting::RepKey key,
@@ -320,17 +328,18 @@ ConstSmartPtr<figk::Setting> BaseBlockInstance::GetInheritedSetting(Setting::Rep
     zvk::ReadGuard const guard(GetLock());
     ConstSmartPtr<figk::Setting> setting;
     if (parent_) setting = parent_->SettingList::GetSetting(key, depth, true);
-    if (!setting) {
-        if (auto const figure = GetFigure()) {
-            setting = figure->SettingList::GetSetting(key, depth, true);
-        }
+    // A parent in the figure has asked it already.
+    auto const figure = GetFigure();
+    if (!setting && figure && !(parent_ && parent_->GetFigure() == figure)) {
+        setting = figure->SettingList::GetSetting(key, depth, true);
     }
     ++depth;
     return setting;
 }
 
 void BaseBlockInstance::GetAllInheritedAttributes(figk::AttributeSet& out) const {
-    for (auto block = GetParent(); block; block = block->GetParent()) block->GetAllAttributes(out);
+    for (auto block = GetParent(); block; block = block->GetParent())
+        block->GetAllAttributes(out);
     if (auto const figure = GetFigure()) figure->GetAllAttributes(out);
 }
 

@@ -48,7 +48,8 @@ void CableInstance::Add(SmartPtr<SubNet> const& subNet) {
 void CableInstance::ClearSubNets() {
     SmartPtr<CableInstance> const self(this);  // the sub-nets may hold the last references
     zvk::WriteGuard const guard(GetLock());
-    for (auto const& subNet : std::exchange(subNets_, {})) subNet->Remove(self);
+    for (auto const& subNet : std::exchange(subNets_, {}))
+        subNet->Remove(self);
 }
 
 std::vector<SmartPtr<SubNet>> CableInstance::GetSubNets() const {
@@ -58,16 +59,19 @@ std::vector<SmartPtr<SubNet>> CableInstance::GetSubNets() const {
 
 void CableInstance::TransformAlone(BlockTransform const& transform) {
     BaseBlockInstance::TransformAlone(transform);
-    for (auto const& subNet : subNets_) transform.Apply(*subNet);
+    for (auto const& subNet : subNets_)
+        transform.Apply(*subNet);
 }
 
 void CableInstance::SetLookAlone(BlockLook const& look) {
     BaseBlockInstance::SetLookAlone(look);
-    for (auto const& subNet : subNets_) ((*subNet).*look.setItem)(look.on);
+    for (auto const& subNet : subNets_)
+        ((*subNet).*look.setItem)(look.on);
 }
 
 void CableInstance::SettingsChanged() {
-    for (auto const& subNet : subNets_) subNet->SettingsChanged();
+    for (auto const& subNet : subNets_)
+        subNet->SettingsChanged();
 }
 
 void CableInstance::Accept(AbstractFigureVisitor& visitor) {

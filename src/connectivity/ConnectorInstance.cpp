@@ -112,8 +112,8 @@ void ConnectorInstance::Attach(SmartPtr<ConnectionNode> const& node) {
     if (!subNet) return;
     SmartPtr<ConnectorInstanceNode> connection = FindSubNetConnection(subNet);
     if (!connection) {
-        connection = new ConnectorInstanceNode(SmartPtr<ConnectorInstance>(this), subNet,
-                                               GetLock(), nullptr);
+        connection = new ConnectorInstanceNode(SmartPtr<ConnectorInstance>(this), subNet, GetLock(),
+                                               nullptr);
         Add(connection);
     }
     connection->Pivot(nullptr);

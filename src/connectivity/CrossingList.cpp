@@ -36,9 +36,8 @@ bool CrossingList::HoldsPlace(DPoint2D const& place) const {
         double const x = (*it)->GetPosition().x;
         auto const same = FindPlace(items_, DPoint2D(x, place.y));
         if (same != items_.end() && (*same)->GetPosition() == DPoint2D(x, place.y)) return true;
-        it = std::partition_point(it, items_.end(), [&](auto const& item) {
-            return item->GetPosition().x <= x;
-        });
+        it = std::partition_point(it, items_.end(),
+                                  [&](auto const& item) { return item->GetPosition().x <= x; });
     }
     return false;
 }

@@ -44,13 +44,13 @@ bool SameEnds(DPoint2D const& a, DPoint2D const& b, DPoint2D const& p, DPoint2D 
 /// What stands behind the first `count` elements.
 template <class Added, class Item>
 void AppendAdded(std::vector<Added>& added, std::vector<Item> const& all, std::size_t count) {
-    for (std::size_t i = count; i < all.size(); ++i) added.emplace_back(all[i]);
+    for (std::size_t i = count; i < all.size(); ++i)
+        added.emplace_back(all[i]);
 }
 
 }  // namespace
 
-FixConnectivity::FixConnectivity(SmartPtr<Figure> const& figure,
-                                 SmartPtr<figk::Sheet> const& sheet)
+FixConnectivity::FixConnectivity(SmartPtr<Figure> const& figure, SmartPtr<figk::Sheet> const& sheet)
     : figure_(figure), sheet_(sheet) {
     StoreInitialState();
 }
@@ -97,7 +97,8 @@ void FixConnectivity::Fix(DPoint2D const& offset) {
     ConnectSubNetsToSubHighways(tree);
     KernelToFigureConnectors connectors;
     BuildKernelToFigureConnectorMap(connectors);
-    for (auto const& subNet : addedSubNets_) ConnectSubNetToBlocks(subNet, connectors);
+    for (auto const& subNet : addedSubNets_)
+        ConnectSubNetToBlocks(subNet, connectors);
     PopulateCables();
     RebuildGroups();
 
@@ -213,15 +214,16 @@ void FixConnectivity::AddLeafPortNodeContacts(SmartPtr<SubNet> const& subNet,
 
 void FixConnectivity::AddToSubNets(SmartPtr<SubNet> const& subNet,
                                    std::vector<HighwayContacts> const& highwayContacts) {
-    for (HighwayContacts const& contacts : highwayContacts) AddToSubNet(subNet, contacts);
+    for (HighwayContacts const& contacts : highwayContacts)
+        AddToSubNet(subNet, contacts);
 }
 
-void FixConnectivity::AddToSubNet(SmartPtr<SubNet> const& subNet,
-                                  HighwayContacts const& contacts) {
+void FixConnectivity::AddToSubNet(SmartPtr<SubNet> const& subNet, HighwayContacts const& contacts) {
     auto const headPort = du::DynamicCast<PortNode>(contacts.subHighway->GetHead());
     bool const fromHead = headPort && PortNodeShouldBeOnSubNet(headPort, subNet);
     if (fromHead) headPort->Add(subNet);
-    for (auto const& segment : FindHighwayPaths(contacts.segments, fromHead)) segment->Add(subNet);
+    for (auto const& segment : FindHighwayPaths(contacts.segments, fromHead))
+        segment->Add(subNet);
 }
 
 // Blocks.
@@ -321,7 +323,8 @@ void FixConnectivity::PopulateCables() {
     if (addedCableInstances_.empty()) return;
     SubNetToSubNet map;
     BuildSubNetToSubNetMap(map);
-    for (auto const& cable : addedCableInstances_) PopulateCable(*cable, map);
+    for (auto const& cable : addedCableInstances_)
+        PopulateCable(*cable, map);
 }
 
 void FixConnectivity::PopulateCable(CableInstance& cable, SubNetToSubNet const& map) const {

@@ -59,8 +59,8 @@ private:
     void ConnectSubNetsToSubHighways(HighwayTree& tree);
     void ConnectHighwayNodes(HighwayTree& tree, std::vector<SmartPtr<HighwayNode>> const& nodes,
                              std::vector<HighwayContacts>& highwayContacts);
-    SmartPtr<HighwaySegment> FindHighwaySegment(
-        SmartPtr<figk::HighwaySegment> const& kernelSegment, HighwayTree& tree) const;
+    SmartPtr<HighwaySegment> FindHighwaySegment(SmartPtr<figk::HighwaySegment> const& kernelSegment,
+                                                HighwayTree& tree) const;
     std::vector<SmartPtr<PortNode>> const& AcquireSubHighwayLeafPortNodes(
         SmartPtr<SubHighway> const& subHighway);
     bool PortNodeShouldBeOnSubNet(SmartPtr<PortNode> const& portNode,

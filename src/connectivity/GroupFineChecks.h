@@ -32,9 +32,8 @@ bool AnyGraphicInGroup(GraphicGroup const& group, Check const& check) {
 /// Whether something in the group touches a point or a box.
 template <class Shape>
 bool GroupOverlaps(GraphicGroup const& group, Shape const& shape) {
-    return AnyGraphicInGroup(group, [&](figk::Zv2dGraphics const& picture) {
-        return picture.InstanceOverlaps(shape);
-    });
+    return AnyGraphicInGroup(
+        group, [&](figk::Zv2dGraphics const& picture) { return picture.InstanceOverlaps(shape); });
 }
 
 /// Whether the group shows something, and all of it lies in the box.

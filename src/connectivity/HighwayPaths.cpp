@@ -39,7 +39,8 @@ void Step(Climber& climber) {
 /// Lets the climbers go on until all have met, or for `toHead` until all are at the top.
 void Climb(std::vector<Climber>& climbers, bool toHead) {
     std::vector<Climber*> climbing;
-    for (Climber& climber : climbers) climbing.push_back(&climber);
+    for (Climber& climber : climbers)
+        climbing.push_back(&climber);
     std::size_t apart = climbers.size();
     while (!climbing.empty() && (toHead || apart > 1)) {
         for (Climber* const climber : climbing) {
@@ -76,7 +77,8 @@ Segments FindHighwayPaths(Segments const& contacts, bool fromHead) {
         std::copy_n(climber.path.begin(), length, std::back_inserter(joined));
     }
     for (Climber const& climber : climbers) {
-        for (auto const& segment : climber.path) segment->SetVisitCount(0);
+        for (auto const& segment : climber.path)
+            segment->SetVisitCount(0);
     }
     return joined;
 }

@@ -73,15 +73,18 @@ bool Port::OnHighwayNotNet() const {
 }
 
 void Port::SetHighlight(bool on) {
-    for (auto const& node : GetPortNodes()) node->SetHighlight(on);
+    for (auto const& node : GetPortNodes())
+        node->SetHighlight(on);
 }
 
 void Port::SetPreselectHighlight(bool on) {
-    for (auto const& node : GetPortNodes()) node->SetPreselectHighlight(on);
+    for (auto const& node : GetPortNodes())
+        node->SetPreselectHighlight(on);
 }
 
 void Port::SetVisibility(bool on) {
-    for (auto const& node : GetPortNodes()) node->SetVisibility(on);
+    for (auto const& node : GetPortNodes())
+        node->SetVisibility(on);
 }
 
 void Port::Accept(AbstractFigureVisitor& visitor) {

@@ -262,8 +262,8 @@ DPoint2D PortNode::GetPosition() const {
     return position_;
 }
 
-ConstSmartPtr<figk::Setting> PortNode::GetInheritedSetting(Setting::RepKey key,
-                                                           unsigned int& depth, bool) const {
+ConstSmartPtr<figk::Setting> PortNode::GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
+                                                           bool) const {
     zvk::ReadGuard const guard(AbstractFigureItem::GetLock());
     ConstSmartPtr<figk::Setting> setting;
     if (port_) setting = port_->SettingList::GetSetting(key, depth, true);

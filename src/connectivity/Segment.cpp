@@ -37,7 +37,9 @@ struct Segment::Extras {
 
 Segment::Segment(SmartPtr<zvk::ReadWriteLock> const& lock, SmartPtr<figk::AbstractItem> const& item,
                  SmartPtr<ConnectionNode> const& predecessor)
-    : GraphicalFigureItem(lock, item), ConnectionNode(lock, predecessor), TextLabelContainer(lock) {}
+    : GraphicalFigureItem(lock, item),
+      ConnectionNode(lock, predecessor),
+      TextLabelContainer(lock) {}
 
 Segment::Segment(SmartPtr<zvk::ReadWriteLock> const& lock, DPoint2D const& start,
                  DPoint2D const& end, SmartPtr<ConnectionNode> const& predecessor)

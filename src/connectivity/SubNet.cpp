@@ -134,11 +134,13 @@ std::vector<SmartPtr<HighwayNode>> SubNet::GetHighwayNodes() const {
 }
 
 void SubNet::Activate(bool suspendPrePivot) {
-    for (auto const& node : GetHighwayNodes()) node->Activate(suspendPrePivot);
+    for (auto const& node : GetHighwayNodes())
+        node->Activate(suspendPrePivot);
 }
 
 void SubNet::Deactivate() {
-    for (auto const& node : GetHighwayNodes()) node->Deactivate();
+    for (auto const& node : GetHighwayNodes())
+        node->Deactivate();
 }
 
 bool SubNet::NodeIsHighwayJunction(SmartPtr<ConnectionNode> const& node) {

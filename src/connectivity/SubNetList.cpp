@@ -49,7 +49,8 @@ bool SubNetList::Contains(SmartPtr<SubNet> const& subNet) const {
 
 void SubNetList::RebuildIndex() {
     index_.clear();
-    for (SmartPtr<SubNet> const& item : items_) index_.push_back(item.Get());
+    for (SmartPtr<SubNet> const& item : items_)
+        index_.push_back(item.Get());
     std::sort(index_.begin(), index_.end(), std::less<>());
 }
 

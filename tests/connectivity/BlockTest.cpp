@@ -1,0 +1,236 @@
+#include <figk/SettingValue.h>
+#include <figrep/AbstractFigureVisitor.h>
+#include <figrep/BlockInstance.h>
+#include <figrep/CableInstance.h>
+#include <figrep/GenericGraphic.h>
+#include <figrep/Miscellaneous.h>
+#include <figrep/Setting.h>
+#include <figrep/TableInstance.h>
+#include <gtest/gtest.h>
+
+#include "KernelFakes.h"
+#include "Wiring.h"
+
+namespace figrep::testing {
+namespace {
+
+class BlockTest : public ::testing::Test {
+protected:
+    SmartPtr<BlockInstance> Block(DBox2D const& box) {
+        SmartPtr<BlockInstance> const block = new BlockInstance(wiring.figure, "");
+        if (!box.IsEmpty()) {
+            GenericGraphic::Create(wiring.Lock(), box, SmartPtr<figk::Group>(block));
+        }
+        return block;
+    }
+
+    Wiring wiring;
+};
+
+TEST_F(BlockTest, TransformsByNothingLeaveTheBlockAlone) {
+    auto const block = Block(DBox2D(0, 0, 2, 2));
+    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 2, 2));
+    block->MoveItem(0, 0);
+    block->RotateItem(DPoint2D(9, 9), 0);
+    block->ScaleItem(DPoint2D(9, 9), 0);
+    block->ScaleItem(DPoint2D(9, 9), std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 2, 2));
+}
+
+TEST_F(BlockTest, ChildIgnoresTransformsAndMovesWithItsParent) {
+    auto const parent = Block(DBox2D(0, 0, 10, 10));
+    auto const child = Block(DBox2D(1, 1, 2, 2));
+    parent->Add(SmartPtr<BaseBlockInstance>(child));
+    child->MoveItem(5, 0);
+    child->RotateItem(DPoint2D(0, 0), 1);
+    child->ScaleItem(DPoint2D(0, 0), 2);
+    child->MirrorItem(DPoint2D(0, 0), true);
+    EXPECT_EQ(child->GetExtents(), DBox2D(1, 1, 2, 2));
+    parent->MoveItem(5, 0);
+    EXPECT_EQ(child->GetExtents(), DBox2D(6, 1, 7, 2));
+    EXPECT_EQ(child->GetParent(), parent);
+}
+
+TEST_F(BlockTest, BoxIsThatOfItsGraphicsWhenItsChildrenHaveEmptyBoxes) {
+    auto const parent = Block(DBox2D(0, 0, 10, 10));
+    parent->Add(SmartPtr<BaseBlockInstance>(Block(DBox2D::EMPTY)));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 10, 10));
+}
+
+TEST_F(BlockTest, BoxHoldsChildrenAndConnectors) {
+    auto const parent = Block(DBox2D(0, 0, 10, 10));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 10, 10));
+    auto const child = Block(DBox2D(20, 0, 21, 1));
+    parent->Add(SmartPtr<BaseBlockInstance>(child));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 21, 10));
+    SmartPtr<ConnectorInstance> const pin =
+        new ConnectorInstance(child, wiring.Lock(), "1", DPoint2D(0, 30));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 21, 30));
+}
+
+TEST_F(BlockTest, WithoutChildrenHasNone) {
+    auto const block = Block(DBox2D(0, 0, 1, 1));
+    EXPECT_FALSE(block->HasChildren());
+    block->Add(SmartPtr<BaseBlockInstance>(Block(DBox2D::EMPTY)));
+    EXPECT_TRUE(block->HasChildren());
+}
+
+TEST_F(BlockTest, NeverStandsInsideItself) {
+    auto const outer = Block(DBox2D(0, 0, 1, 1));
+    auto const inner = Block(DBox2D(0, 0, 1, 1));
+    outer->Add(SmartPtr<BaseBlockInstance>(inner));
+    inner->Add(SmartPtr<BaseBlockInstance>(outer));
+    outer->Add(SmartPtr<BaseBlockInstance>(outer));
+    outer->Add(SmartPtr<BaseBlockInstance>(inner));
+    EXPECT_EQ(outer->GetChildren().size(), 1u);
+    EXPECT_FALSE(inner->HasChildren());
+    outer->MoveItem(1, 0);
+    EXPECT_EQ(inner->GetExtents(), DBox2D(1, 0, 2, 1));
+}
+
+TEST_F(BlockTest, NestedDeeplyTransformsAndMeasuresWithoutRecursion) {
+    auto const outermost = Block(DBox2D(0, 0, 1, 1));
+    SmartPtr<BaseBlockInstance> block = outermost;
+    for (int i = 0; i < 500; ++i) {
+        SmartPtr<BaseBlockInstance> const child = Block(DBox2D(0, 0, 1, 1));
+        block->Add(child);
+        block = child;
+    }
+    EXPECT_EQ(outermost->GetExtents(), DBox2D(0, 0, 1, 1));
+    outermost->MoveItem(3, 0);
+    outermost->SetHighlight(true);
+    EXPECT_EQ(block->GetExtents(), DBox2D(3, 0, 4, 1));
+}
+
+TEST_F(BlockTest, MadeByNameHasNoIdWhileCableAndTableTakeTheirNames) {
+    EXPECT_EQ(Block(DBox2D::EMPTY)->GetId(), Symbol::EMPTY);
+    SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
+    SmartPtr<TableInstance> const table = new TableInstance(wiring.figure, "T1");
+    EXPECT_EQ(cable->GetId(), Symbol("W1"));
+    EXPECT_EQ(table->GetId(), Symbol("T1"));
+    EXPECT_EQ(wiring.figure->GetCableInstances(), std::vector{cable});
+    EXPECT_EQ(wiring.figure->GetTableInstances(), std::vector{table});
+    EXPECT_EQ(cable->GetFigure(), wiring.figure);
+}
+
+TEST_F(BlockTest, FromAKernelRecordTakesItsId) {
+    SmartPtr<FakeBlock> const block = new FakeBlock("b");
+    SmartPtr<FakeCable> const cable = new FakeCable("c");
+    SmartPtr<FakeTable> const table = new FakeTable("t");
+    SmartPtr<FakeMiscellaneous> const other = new FakeMiscellaneous("m");
+    SmartPtr<BlockInstance> const a = new BlockInstance(wiring.Lock(), block);
+    SmartPtr<CableInstance> const b = new CableInstance(wiring.Lock(), cable);
+    SmartPtr<TableInstance> const c = new TableInstance(wiring.Lock(), table);
+    SmartPtr<Miscellaneous> const d = new Miscellaneous(wiring.Lock(), other);
+    EXPECT_EQ(a->GetId(), Symbol("b"));
+    EXPECT_EQ(b->GetId(), Symbol("c"));
+    EXPECT_EQ(c->GetId(), Symbol("t"));
+    EXPECT_EQ(d->GetId(), Symbol("m"));
+    EXPECT_EQ(a->GetKernelBlockInstance(), block);
+    EXPECT_EQ(b->GetKernelCableInstance(), cable);
+    EXPECT_EQ(c->GetKernelTableInstance(), table);
+    EXPECT_EQ(d->GetKernelMiscellaneous(), other);
+    EXPECT_EQ(a->GetTextOwnerId(), Symbol("b"));
+}
+
+TEST_F(BlockTest, FineChecksAskTheKernelPictureUntilTheBlockIsTransformed) {
+    SmartPtr<FakeBlock> const record = new FakeBlock("b");
+    record->picture = BoxPicture(DBox2D(0, 0, 2, 2));
+    SmartPtr<BlockInstance> const block = new BlockInstance(wiring.Lock(), record);
+    GenericGraphic::Create(wiring.Lock(), DBox2D(0, 0, 2, 2), SmartPtr<figk::Group>(block));
+    EXPECT_TRUE(block->FineOverlapCheck(DPoint2D(1, 1)));
+    EXPECT_TRUE(block->FineContentCheck(DBox2D(-1, -1, 3, 3)));
+    block->MoveItem(10, 0);
+    EXPECT_FALSE(block->FineOverlapCheck(DPoint2D(1, 1)));
+    EXPECT_TRUE(block->FineOverlapCheck(DPoint2D(11, 1)));
+    EXPECT_FALSE(block->FineContentCheck(DBox2D(-1, -1, 3, 3)));
+    EXPECT_TRUE(block->FineContentCheck(DBox2D(9, -1, 13, 3)));
+    EXPECT_TRUE(block->FineOverlapCheck(DBox2D(9, 1, 10.5, 1.5)));
+}
+
+TEST_F(BlockTest, WithoutKernelGraphicsAsksItsGroup) {
+    auto const block = Block(DBox2D(0, 0, 2, 2));
+    EXPECT_TRUE(block->FineOverlapCheck(DPoint2D(1, 1)));
+    EXPECT_FALSE(block->FineOverlapCheck(DPoint2D(5, 5)));
+    auto const nothing = Block(DBox2D::EMPTY);
+    EXPECT_FALSE(nothing->FineOverlapCheck(DPoint2D(1, 1)));
+    EXPECT_FALSE(nothing->FineContentCheck(DBox2D(-9, -9, 9, 9)));
+}
+
+TEST_F(BlockTest, InheritsFromItsParentAndElseFromTheFigure) {
+    auto const colored = [](Color const& color) {
+        SmartPtr<figk::BaseSettingValue> const value(new figk::SettingValue<Color>(color));
+        return SmartPtr<Setting>(new Setting(Setting::COLOR, value, Setting::LEVEL_FORCED, true));
+    };
+    auto const parent = Block(DBox2D(0, 0, 1, 1));
+    auto const child = Block(DBox2D(0, 0, 1, 1));
+    parent->Add(SmartPtr<BaseBlockInstance>(child));
+    wiring.figure->AddSetting(colored(Color::RED), false);
+    Color color = Color::BLACK;
+    EXPECT_TRUE(child->GetColorSetting(Setting::COLOR, color));
+    EXPECT_EQ(color, Color::RED);
+    parent->AddSetting(colored(Color::GREEN), false);
+    EXPECT_TRUE(child->GetColorSetting(Setting::COLOR, color));
+    EXPECT_EQ(color, Color::GREEN);
+}
+
+TEST_F(BlockTest, CableWithoutSubNetsHasNothingToClear) {
+    SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
+    cable->ClearSubNets();
+    EXPECT_TRUE(cable->GetSubNets().empty());
+}
+
+TEST_F(BlockTest, CableTakesItsSubNetsAlongOnce) {
+    SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
+    auto const net = wiring.Net();
+    auto const wire = wiring.Wire(net, DPoint2D(0, 0), DPoint2D(1, 0));
+    cable->Add(net);
+    cable->Add(net);
+    cable->MoveItem(5, 0);
+    EXPECT_EQ(wire->GetExtents(), DBox2D(5, 0, 6, 0));
+    cable->SetHighlight(true);
+    EXPECT_TRUE(wire->GetHighlight());
+    cable->ScaleItem(DPoint2D(0, 0), 2);
+    EXPECT_EQ(net->GetExtents(), DBox2D(10, 0, 12, 0));
+}
+
+TEST_F(BlockTest, CableInsideABlockMovesWithIt) {
+    auto const block = Block(DBox2D(0, 0, 9, 9));
+    SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
+    auto const net = wiring.Net();
+    auto const wire = wiring.Wire(net, DPoint2D(0, 0), DPoint2D(1, 0));
+    cable->Add(net);
+    block->Add(SmartPtr<BaseBlockInstance>(cable));
+    block->MoveItem(5, 0);
+    EXPECT_EQ(wire->GetExtents(), DBox2D(5, 0, 6, 0));
+}
+
+TEST_F(BlockTest, AcceptShowsConnectorsOfABlockOnly) {
+    class Counter : public AbstractFigureVisitor {
+    public:
+        using AbstractFigureVisitor::Visit;
+        bool Visit(SmartPtr<ConnectorInstance> const&) override {
+            ++connectors;
+            return true;
+        }
+        void VisitComplete(SmartPtr<ConnectorInstance> const&) override { ++completed; }
+        int connectors = 0;
+        int completed = 0;
+    };
+    auto const block = Block(DBox2D(0, 0, 1, 1));
+    SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
+    SmartPtr<ConnectorInstance> const a =
+        new ConnectorInstance(block, wiring.Lock(), "1", DPoint2D());
+    SmartPtr<ConnectorInstance> const b =
+        new ConnectorInstance(cable, wiring.Lock(), "1", DPoint2D());
+    Counter onBlock;
+    block->Accept(onBlock);
+    EXPECT_EQ(onBlock.connectors, 1);
+    EXPECT_EQ(onBlock.completed, 1);
+    Counter onCable;
+    cable->Accept(onCable);
+    EXPECT_EQ(onCable.connectors, 0);
+}
+
+}  // namespace
+}  // namespace figrep::testing
