@@ -15,6 +15,7 @@ class Holder : public AttributeList {
 public:
     explicit Holder(Holder const* above = nullptr)
         : AttributeList(new zvk::ReadWriteLock), parent(above) {}
+    virtual ~Holder() = default;
 
     void Add(char const* name, char const* value) {
         AddAttribute(new Attribute(Symbol(name), Symbol(value)));
