@@ -27,21 +27,33 @@ AttributeVector MakeAttributes(std::vector<AttributeSource> const& source) {
     return attributes;
 }
 
+bool IdRegistry::Take(unsigned kind, du::Symbol const& id) {
+    std::uint64_t const order = id.GetOrder();
+    if (order >= kinds.size()) kinds.resize(order + order / 2 + 1);
+    auto const bit = static_cast<std::uint16_t>(1u << kind);
+    if (kinds[order] & bit) return false;
+    kinds[order] = static_cast<std::uint16_t>(kinds[order] | bit);
+    return true;
+}
+
+std::uint32_t IdRegistry::NextNumber(unsigned kind, du::Symbol const& id) {
+    return ++numbers.try_emplace(id.GetOrder() * 16 + kind, 1).first->second;
+}
+
 du::Symbol IdMaker::Make(Kind kind, std::string_view id, std::string_view fallback) {
     std::string text = prefix;
     text += id.empty() ? fallback : id;
-    auto const keyOf = [kind](du::Symbol symbol) { return symbol.GetOrder() * 16 + kind; };
-    du::Symbol symbol{text};
-    std::uint64_t const first = keyOf(symbol);
-    if (taken.try_emplace(first, 1).second) return symbol;
+    du::Symbol const wanted{text};
+    if (context.ids.Take(kind, wanted)) return wanted;
     if (!id.empty()) {
         context.Report(BuildFinding::DUPLICATE_ID, std::string(id),
                        "Another of its kind has the same id.");
     }
-    do {
-        symbol = du::Symbol(text + "#" + std::to_string(++taken[first]));
-    } while (!taken.try_emplace(keyOf(symbol), 1).second);
-    return symbol;
+    while (true) {
+        std::uint32_t const number = context.ids.NextNumber(kind, wanted);
+        du::Symbol const other(text + "#" + std::to_string(number));
+        if (context.ids.Take(kind, other)) return other;
+    }
 }
 
 }  // namespace figkernel

@@ -12,6 +12,19 @@
 
 namespace figkernel {
 
+/// Which texts the records of one build have as ids, by kind.
+class IdRegistry {
+public:
+    /// False when the kind has that id already.
+    bool Take(unsigned kind, du::Symbol const& id);
+    /// The next number to tell a further record of that id by, from 2 on.
+    std::uint32_t NextNumber(unsigned kind, du::Symbol const& id);
+
+private:
+    std::vector<std::uint16_t> kinds;  ///< a bit per kind, by the order of the symbol
+    std::unordered_map<std::uint64_t, std::uint32_t> numbers;  ///< of ids that came more than once
+};
+
 /// The records that a whole design has, by their places in the source, and the findings so far.
 struct BuildContext {
     DesignSource const& source;
@@ -23,6 +36,7 @@ struct BuildContext {
     std::vector<du::SmartPtr<PortRecord>> ports;  ///< null for a port on nothing
     std::vector<BuildFinding> findings;
     std::string sheetId;  ///< of the sheet under work, as the source has it
+    IdRegistry ids;
 
     void Report(BuildFinding::Kind kind, std::string const& id, std::string text) {
         findings.push_back({kind, sheetId, id, std::move(text)});
@@ -64,7 +78,6 @@ public:
 private:
     BuildContext& context;
     std::string prefix;
-    std::unordered_map<std::uint64_t, std::uint32_t> taken;  ///< how often a text was asked for
 };
 
 }  // namespace figkernel

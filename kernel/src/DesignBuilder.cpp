@@ -11,7 +11,7 @@ class DesignBuilder {
 public:
     DesignBuilder(DesignSource const& designSource, du::SmartPtr<zvk::ReadWriteLock> const& lock)
         : source(designSource),
-          context{designSource, lock, new DesignRecord, {}, {}, {}, {}, {}, {}},
+          context{designSource, lock, new DesignRecord, {}, {}, {}, {}, {}, {}, {}},
           ids(context, designSource.idPrefix) {}
 
     BuildResult Build() {
@@ -65,7 +65,7 @@ private:
         for (NetSource const& net : source.nets) {
             du::SmartPtr<NetRecord> const record(new NetRecord(context.design->GetLink()));
             Describe(*record, net, net.name);
-            record->SetId(ids.Make(IdMaker::NET, net.name));
+            record->SetId(ids.Make(IdMaker::NET, net.name, "net"));
             context.nets.push_back(record);
         }
         context.design->nets = context.nets;
@@ -75,7 +75,7 @@ private:
         for (HighwaySource const& highway : source.highways) {
             du::SmartPtr<HighwayRecord> const record(new HighwayRecord(context.design->GetLink()));
             Describe(*record, highway, highway.id);
-            record->SetId(ids.Make(IdMaker::HIGHWAY, highway.id, highway.name));
+            record->SetId(ids.Make(IdMaker::HIGHWAY, highway.id, "highway/" + highway.name));
             for (SourceIndex const net : highway.nets) {
                 context.IsUsable(net, context.nets.size(), "net", highway.id);
             }

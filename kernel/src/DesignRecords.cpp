@@ -1,5 +1,8 @@
 #include "DesignRecords.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace figkernel {
 
 SheetRecord::SheetRecord(du::SmartPtr<DesignLink> const& design)
@@ -14,13 +17,19 @@ SheetRecord::~SheetRecord() {
 }
 
 figk::SmartPtr<figk::SubNet> SheetRecord::GetSubNetByID(figk::Symbol const& id) const {
-    auto const at = subNetById.find(id);
-    return at == subNetById.end() ? nullptr : figk::SmartPtr<figk::SubNet>(subNets[at->second]);
+    auto const at = std::lower_bound(
+        byId.begin(), byId.end(), id,
+        [this](std::uint32_t i, figk::Symbol const& s) { return subNets[i]->GetId() < s; });
+    if (at == byId.end() || subNets[*at]->GetId() != id) return nullptr;
+    return subNets[*at];
 }
 
-void SheetRecord::AddSubNet(du::SmartPtr<SubNetRecord> const& subNet) {
-    subNetById.emplace(subNet->GetId(), subNets.size());
-    subNets.push_back(subNet);
+void SheetRecord::IndexSubNets() {
+    byId.resize(subNets.size());
+    std::iota(byId.begin(), byId.end(), 0u);
+    std::sort(byId.begin(), byId.end(), [this](std::uint32_t a, std::uint32_t b) {
+        return subNets[a]->GetId() < subNets[b]->GetId();
+    });
 }
 
 }  // namespace figkernel

@@ -1,7 +1,7 @@
 // Designs and sheets of the embedded kernel: the owners of all other records.
 #pragma once
 
-#include <unordered_map>
+#include <cstdint>
 #include <vector>
 
 #include <figk/Design.h>
@@ -46,7 +46,9 @@ public:
     figk::SmartPtr<figk::SubNet> GetSubNetByID(figk::Symbol const& id) const override;
 
     du::SmartPtr<SheetLink> const& GetLink() const { return link; }
-    void AddSubNet(du::SmartPtr<SubNetRecord> const& subNet);
+    void AddSubNet(du::SmartPtr<SubNetRecord> const& subNet) { subNets.push_back(subNet); }
+    /// After the last sub-net, so that they are found by id.
+    void IndexSubNets();
 
     // Filled by the builder, before anybody else sees the sheet.
     du::SmartPtr<figk::Group> labels;
@@ -61,7 +63,7 @@ public:
 private:
     du::SmartPtr<SheetLink> link;
     std::vector<du::SmartPtr<SubNetRecord>> subNets;
-    std::unordered_map<figk::Symbol, std::size_t> subNetById;
+    std::vector<std::uint32_t> byId;  ///< places in `subNets`, by the order of their ids
 };
 
 class DesignRecord : public NamedRecord<figk::Design> {

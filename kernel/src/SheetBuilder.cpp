@@ -30,6 +30,7 @@ public:
         TreeAssembler trees(context, ids, sheet, source, pins);
         std::vector<SubHighwayPlan> const highways = BuildHighways(wires, trees);
         BuildNets(wires, trees, highways);
+        sheet.IndexSubNets();
         wires.ReportCovered();
         for (std::uint32_t const decoration : wires.FreeDecorations())
             LabelSheet(decoration);
