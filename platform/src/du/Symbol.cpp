@@ -2,7 +2,7 @@
 
 #include <deque>
 #include <mutex>
-#include <unordered_map>
+#include <vector>
 
 namespace du {
 
@@ -15,17 +15,49 @@ public:
     }
 
     Entry const* Intern(std::string_view text) {
+        size_t const hash = std::hash<std::string_view>()(text);
         std::lock_guard const guard(mutex);
-        if (auto const found = byText.find(text); found != byText.end()) return found->second;
-        Entry const& added = entries.emplace_back(Entry{std::string(text), entries.size() + 1});
-        byText.emplace(added.text, &added);
-        return &added;
+        if (2 * entries.size() >= slots.size()) Grow();
+        Slot& slot = FindSlot(hash, text);
+        if (!slot.entry) {
+            slot = {hash, &entries.emplace_back(Entry{std::string(text), entries.size() + 1})};
+        }
+        return slot.entry;
     }
 
 private:
-    std::mutex mutex;  // guards both
+    /// A place of the open hash table; at least half of them stay empty. Kept beside the texts, so
+    /// that looking up a new text costs one cache miss and no allocation.
+    struct Slot {
+        size_t hash = 0;
+        Entry const* entry = nullptr;
+    };
+
+    Slot& FindSlot(size_t hash, std::string_view text) {
+        size_t const mask = slots.size() - 1;
+        size_t at = hash & mask;
+        while (slots[at].entry && (slots[at].hash != hash || slots[at].entry->text != text)) {
+            at = (at + 1) & mask;
+        }
+        return slots[at];
+    }
+
+    void Grow() {
+        std::vector<Slot> former(slots.empty() ? 1024 : 2 * slots.size());
+        former.swap(slots);
+        size_t const mask = slots.size() - 1;
+        for (Slot const& slot : former) {
+            if (!slot.entry) continue;
+            size_t at = slot.hash & mask;
+            while (slots[at].entry)
+                at = (at + 1) & mask;
+            slots[at] = slot;
+        }
+    }
+
+    std::mutex mutex;  // guards all below
     std::deque<Entry> entries;
-    std::unordered_map<std::string_view, Entry const*> byText;
+    std::vector<Slot> slots;
 };
 
 Symbol::Symbol(std::string_view text)
