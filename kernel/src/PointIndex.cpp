@@ -70,10 +70,10 @@ void PointIndex::FindOnColumn(GridPoint const& a, GridPoint const& b,
 }
 
 std::int64_t PointIndex::Row(std::int64_t y) const {
-    return (y - low.y) / cellSize;
+    return (y - low.y) / cellHeight;
 }
 std::int64_t PointIndex::Column(std::int64_t x) const {
-    return (x - low.x) / cellSize;
+    return (x - low.x) / cellWidth;
 }
 
 void PointIndex::BuildCells() {
@@ -85,7 +85,8 @@ void PointIndex::BuildCells() {
     }
     auto const perSide =
         static_cast<std::int64_t>(std::sqrt(static_cast<double>(points.size()))) + 1;
-    cellSize = std::max(high.x - low.x, high.y - low.y) / perSide + 1;
+    cellWidth = (high.x - low.x) / perSide + 1;
+    cellHeight = (high.y - low.y) / perSide + 1;
     cells.reserve(points.size());
     for (std::uint32_t i = 0; i < points.size(); ++i) {
         cells.push_back({Row(points[i].y), Column(points[i].x), i});
@@ -112,8 +113,8 @@ void PointIndex::FindOnSlant(GridPoint const& a, GridPoint const& b,
         return lower.x + static_cast<std::int64_t>(std::llround(inside * slope));
     };
     for (std::int64_t row = Row(yFirst); row <= Row(yLast); ++row) {
-        std::int64_t const x0 = xAt(low.y + row * cellSize - slack);
-        std::int64_t const x1 = xAt(low.y + (row + 1) * cellSize + slack);
+        std::int64_t const x0 = xAt(low.y + row * cellHeight - slack);
+        std::int64_t const x1 = xAt(low.y + (row + 1) * cellHeight + slack);
         std::int64_t const xFirst = std::max(std::min(x0, x1) - slack, low.x);
         std::int64_t const xLast = std::min(std::max(x0, x1) + slack, high.x);
         if (xFirst > xLast) continue;

@@ -41,7 +41,8 @@ private:
     std::vector<std::uint32_t> byRow;     ///< ordered by y, then x
     std::vector<std::uint32_t> byColumn;  ///< ordered by x, then y
     std::vector<Cell> cells;              ///< made by the first slanted query
-    std::int64_t cellSize = 0;
+    std::int64_t cellWidth = 0;
+    std::int64_t cellHeight = 0;
     GridPoint low;
     GridPoint high;
 };
