@@ -51,6 +51,10 @@ bool ReadsUpsideDown(double angle) {
     return angle > PI / 2 + SLACK || angle <= -PI / 2 + SLACK;
 }
 
+bool Shows(Paint const& paint) {
+    return paint.fill.filled || paint.stroke.width > 0;
+}
+
 template <typename Alignment>
 Alignment Opposite(Alignment alignment) {
     return static_cast<Alignment>(2 - static_cast<int>(alignment));
@@ -58,12 +62,22 @@ Alignment Opposite(Alignment alignment) {
 
 }  // namespace
 
-void EntityPainter::Paint(zv2d::Instance const& instance, GraphicLook const& look) {
+bool IsBody(zv2d::Entity const& entity) {
+    zv2d::Attributes const* attributes = entity.GetAttributes().Get();
+    return attributes && attributes->GetFillAttr() &&
+           attributes->GetFillAttr()->GetKind() == attrs::FillAttr::BODY;
+}
+
+void EntityPainter::Paint(zv2d::Instance const& instance, GraphicLook const& look,
+                          PaintPass pass) {
     if (!instance.GetDefinition()) return;
+    pass_ = pass;
     matrix_ = instance.GetMatrix();
     instanceAttributes_ = instance.GetAttributes().Get();
     look_ = &look;
-    for (auto const& entity : *instance.GetDefinition()) entity->Accept(*this);
+    for (auto const& entity : *instance.GetDefinition()) {
+        if (pass != PaintPass::BODIES || IsBody(*entity)) entity->Accept(*this);
+    }
 }
 
 zv2d::LineAttributes const* EntityPainter::LineOf(zv2d::Attributes const* own) const {
@@ -109,7 +123,14 @@ fighost::Fill EntityPainter::FillOf(zv2d::Attributes const* own) const {
 
 fighost::Paint EntityPainter::PaintOf(zv2d::Entity const& entity) const {
     zv2d::Attributes const* own = entity.GetAttributes().Get();
-    return {StrokeOf(own), FillOf(own)};
+    fighost::Paint paint{StrokeOf(own), FillOf(own)};
+    zv2d::LineAttributes const* line = own ? own->GetLineAttributes().Get() : nullptr;
+    bool const withoutWidth = line && line->GetWeightKind() == zv2d::LineAttributes::KIND_DRAWING &&
+                              !(line->GetWeight() > 0);
+    if (paint.fill.filled && withoutWidth) paint.stroke.width = 0;
+    if (pass_ == PaintPass::BODIES) paint.stroke.width = 0;
+    if (pass_ == PaintPass::ALL_BUT_BODIES && IsBody(entity)) paint.fill.filled = false;
+    return paint;
 }
 
 void EntityPainter::Visit(zv2d::TexPolyline const& polyline) {
@@ -120,8 +141,8 @@ void EntityPainter::Visit(zv2d::TexPolyline const& polyline) {
         if (points.empty() || !(points.back() == point)) points.push_back(point);
     }
     // Wires without length hold connectivity together and show nothing.
-    if (points.size() < 2) return;
-    painter_.Polyline(points, polyline.IsClosed(), PaintOf(polyline));
+    fighost::Paint const paint = PaintOf(polyline);
+    if (points.size() >= 2 && Shows(paint)) painter_.Polyline(points, polyline.IsClosed(), paint);
 }
 
 void EntityPainter::Visit(zv2d::CircularArc const& entity) {
@@ -135,8 +156,10 @@ void EntityPainter::Visit(zv2d::CircularArc const& entity) {
     bool const mirrored = Determinant(axes) < 0;
     // Mirrored, the arc runs the other way round, so that its end becomes its start.
     double const start = mirrored ? turn - arc.GetStartAngle() - sweep : turn + arc.GetStartAngle();
+    fighost::Paint const paint = PaintOf(entity);
+    if (!Shows(paint)) return;
     painter_.Arc(matrix_ * arc.GetCentre(), arc.GetRadius() * axes.x.Norm(), start, start + sweep,
-                 PaintOf(entity));
+                 paint);
 }
 
 void EntityPainter::PaintArcAsPolyline(zv2d::CircularArc const& entity) {
@@ -154,7 +177,8 @@ void EntityPainter::PaintArcAsPolyline(zv2d::CircularArc const& entity) {
     bool const sector = entity.GetStyle() == zv2d::CircularArc::SECTOR && !whole;
     if (sector) points.push_back(matrix_ * arc.GetCentre());
     bool const closed = whole || entity.GetStyle() != zv2d::CircularArc::OPEN;
-    painter_.Polyline(points, closed, PaintOf(entity));
+    fighost::Paint const paint = PaintOf(entity);
+    if (Shows(paint)) painter_.Polyline(points, closed, paint);
 }
 
 // A mirrored text is not drawn mirrored: it keeps the place that the matrix gives it, so above

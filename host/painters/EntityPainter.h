@@ -26,15 +26,24 @@ struct GraphicLook {
     double halo = 0;  ///< added to line widths
 };
 
+/// Which part of an entity is painted. Bodies are what looks like a background; an item with several
+/// has them painted first, so that none covers the outline of another.
+enum class PaintPass { ALL, BODIES, ALL_BUT_BODIES };
+
+/// Whether an entity is filled as a body.
+bool IsBody(zv2d::Entity const& entity);
+
 /// Paints the instances of one graphic after the other.
 ///
 /// Line widths and patterns: the entity's own where they count, else the instance's, else the
-/// graphic's, else a hairline. Filled is what has a fill of its own or of its instance.
+/// graphic's, else a hairline. A width of 0 is a hairline too, but a filled entity whose own width
+/// is 0 has no outline. Filled is what has a fill of its own or of its instance.
 class EntityPainter : private zv2d::EntityVisitor {
 public:
     explicit EntityPainter(Painter& painter) : painter_(painter) {}
 
-    void Paint(zv2d::Instance const& instance, GraphicLook const& look);
+    void Paint(zv2d::Instance const& instance, GraphicLook const& look,
+               PaintPass pass = PaintPass::ALL);
 
 private:
     void Visit(zv2d::TexPolyline const& polyline) override;
@@ -52,6 +61,7 @@ private:
     dg::DMat33 matrix_;
     zv2d::Attributes const* instanceAttributes_ = nullptr;
     GraphicLook const* look_ = nullptr;
+    PaintPass pass_ = PaintPass::ALL;
 };
 
 }  // namespace fighost

@@ -25,6 +25,7 @@
 #include <unordered_set>
 #include <utility>
 #include <vector>
+#include <zv2d/Definition.h>
 #include <zvk/ReadWriteLock.h>
 
 namespace fighost {
@@ -144,13 +145,38 @@ public:
 
     void Paint(Entry const& entry) {
         begun_ = false;
-        for (auto const& graphic : entry.graphics) Paint(entry, *graphic);
+        for (auto const& graphic : entry.graphics) graphic->UpdateRenderInfoBase();
+        if (HasBodyBehindOther(entry)) {
+            PaintGraphics(entry, PaintPass::BODIES);
+            PaintGraphics(entry, PaintPass::ALL_BUT_BODIES);
+        } else {
+            PaintGraphics(entry, PaintPass::ALL);
+        }
         if (begun_) painter_.EndItem();
     }
 
 private:
-    void Paint(Entry const& entry, BaseGraphic& graphic) {
-        graphic.UpdateRenderInfoBase();
+    static bool HasBodyBehindOther(Entry const& entry) {
+        bool isFirst = true;
+        for (auto const& graphic : entry.graphics) {
+            auto const graphics = graphic->GetRenderInfo().GetZv2dGraphics();
+            if (!graphics) continue;
+            for (auto const& instance : graphics->GetInstances()) {
+                if (!instance || !instance->GetDefinition()) continue;
+                for (auto const& entity : *instance->GetDefinition()) {
+                    if (!isFirst && IsBody(*entity)) return true;
+                    isFirst = false;
+                }
+            }
+        }
+        return false;
+    }
+
+    void PaintGraphics(Entry const& entry, PaintPass pass) {
+        for (auto const& graphic : entry.graphics) Paint(entry, *graphic, pass);
+    }
+
+    void Paint(Entry const& entry, BaseGraphic const& graphic, PaintPass pass) {
         figrep::RenderInfo const& info = graphic.GetRenderInfo();
         if (!info.IsVisible() || !info.GetZv2dGraphics()) return;
         Begin(entry, graphic);
@@ -163,7 +189,7 @@ private:
             look.halo = HIGHLIGHT_HALO;
         }
         for (auto const& instance : info.GetZv2dGraphics()->GetInstances()) {
-            if (instance) entities_.Paint(*instance, look);
+            if (instance) entities_.Paint(*instance, look, pass);
         }
     }
 

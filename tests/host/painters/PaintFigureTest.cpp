@@ -221,6 +221,35 @@ TEST_F(PaintFigureTest, OnlyEntitiesWithAFillAreFilled) {
     EXPECT_EQ(lines.at(3).paint.fill.color, lines.at(3).paint.stroke.color);
 }
 
+TEST_F(PaintFigureTest, FilledEntityWithoutWidthHasNoOutline) {
+    zv2d::LineAttributes const none(1, 2, nullptr, 0, 3, 0, 3, dg::Color::BLACK, dg::Color::BLACK);
+    du::ConstSmartPtr<zv2d::LineAttributes> const line(new zv2d::LineAttributes(none));
+    du::ConstSmartPtr<attrs::FillAttr> const fill(
+        new attrs::FillAttr(attrs::FillAttr::BODY, dg::Color::YELLOW));
+    AddFree(LineShape({{0, 0}, {1, 0}, {1, 1}},
+                      zv2d::Attributes::Get(zv2d::Attributes(line, fill))));
+    AddFree(LineShape({{0, 0}, {1, 0}}, zv2d::Attributes::Get(zv2d::Attributes(line))));
+    auto const lines = Painted().Of("line");
+    EXPECT_EQ(lines.at(0).paint.stroke.width, 0);
+    EXPECT_DOUBLE_EQ(lines.at(1).paint.stroke.width, HAIRLINE);
+}
+
+TEST_F(PaintFigureTest, BodiesOfAnItemAreFilledBeforeItsOutlinesAreDrawn) {
+    auto const body = zv2d::Attributes::Get(
+        zv2d::Attributes(attrs::FillAttr(attrs::FillAttr::BODY, dg::Color::YELLOW)));
+    figkernel::BlockSource block;
+    block.id = block.name = "U1";
+    block.graphics.graphics.push_back(Graphic("a", LineShape({{0, 0}, {9, 0}})));
+    block.graphics.graphics.push_back(Graphic("b", LineShape({{0, 0}, {1, 0}, {1, 1}}, body)));
+    Sheet().blocks.push_back(block);
+    auto const lines = Painted().Of("line");
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_TRUE(lines[0].paint.fill.filled);
+    EXPECT_EQ(lines[0].paint.stroke.width, 0);
+    EXPECT_FALSE(lines[2].paint.fill.filled);
+    EXPECT_GT(lines[2].paint.stroke.width, 0);
+}
+
 TEST_F(PaintFigureTest, HiddenItemIsLeftOut) {
     source.nets.push_back({"A", {}, figkernel::NO_INDEX});
     Sheet().wires.push_back({"w", 0, {0, 0}, {10, 0}});
