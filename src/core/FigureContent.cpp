@@ -90,7 +90,7 @@ void Figure::Receive(SmartPtr<SubHighway> const& subHighway) {
     if (!subHighway) return;
     zvk::WriteGuard guard(GetLock());
     Register(subHighways_, subHighway);
-    NoteWireChanged(*subHighway);
+    subHighway->SetGraphicalUpdateNeeded(true);
     EraseFirst(removedSubHighways_, subHighway);
 }
 
@@ -98,7 +98,7 @@ void Figure::Receive(SmartPtr<SubNet> const& subNet) {
     if (!subNet) return;
     zvk::WriteGuard guard(GetLock());
     Register(subNets_, subNet);
-    NoteWireChanged(*subNet);
+    subNet->SetGraphicalUpdateNeeded(true);
     AddItemToSbomKernelFigureMap(subNet);
     EraseFirst(removedSubNets_, subNet);
 }

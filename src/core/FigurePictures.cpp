@@ -44,7 +44,8 @@ void Figure::UpdateArrows() {
         subNet->Accept(*arrowPatterns_);
 }
 
-// Wires may have come in, been moved or been given another arrow style since the last delta.
+// Wires may have come in, been moved or been given another style since the last delta; each of these
+// marks the wire.
 void Figure::UpdateContent() {
     zvk::WriteGuard guard(GetLock());
     if (!loaded_) return;

@@ -303,7 +303,9 @@ void CrossingSegments::Link(WireCrossing const& found) {
     SmartPtr<CrossingPoint> known = TakeKnown(found.horizontal, found.vertical, position);
     SmartPtr<CrossingPoint> const same = TakeKnown(found.vertical, found.horizontal, position);
     if (!known) known = same;
-    if (!known) {
+    // Which of several crossings at one place shows depends on the ends, not on the place alone.
+    unsigned const marks = marks_[found.horizontal] | marks_[found.vertical];
+    if (!known || (marks & DIRTY) != 0) {
         Touch(found.horizontal);
         Touch(found.vertical);
     }

@@ -16,7 +16,6 @@
 #include <zv2d/Instance.h>
 #include <zv2d/TexPolyline.h>
 
-#include <algorithm>
 #include <map>
 #include <numbers>
 #include <random>
@@ -47,11 +46,18 @@ private:
     DMat33 matrix_;
 };
 
-/// Writes all that the wires of a figure show.
+/// Writes all that the wires of a figure show, sub-net by sub-net in the order of their ids.
 class PictureDump : public AbstractFigureVisitor {
 public:
     using AbstractFigureVisitor::Visit;
-    bool Visit(SmartPtr<SubNet> const&) override { return Line("net"); }
+    using AbstractFigureVisitor::VisitComplete;
+    bool Visit(SmartPtr<SubNet> const& subNet) override {
+        out_.str("");
+        return Line(subNet->GetId().GetString().c_str());
+    }
+    void VisitComplete(SmartPtr<SubNet> const& subNet) override {
+        nets_[subNet->GetId().GetString()] = out_.str();
+    }
     bool Visit(SmartPtr<NetSegment> const&) override { return Line(" segment"); }
     bool Visit(SmartPtr<PickGraphicProxy> const&) override { return Line("  pick"); }
     bool Visit(SmartPtr<GenericGraphic> const& graphic) override {
@@ -70,7 +76,10 @@ public:
     static std::string Of(SmartPtr<Figure> const& figure) {
         PictureDump dump;
         figure->Accept(dump);
-        return dump.out_.str();
+        std::string text;
+        for (auto const& [id, net] : dump.nets_)
+            text += net;
+        return text;
     }
 
 private:
@@ -79,6 +88,7 @@ private:
         return true;
     }
     std::ostringstream out_;
+    std::map<std::string, std::string> nets_;
 };
 
 /// A sub-net with its segments in the order of making; each names its predecessor.
@@ -111,7 +121,7 @@ public:
         DPoint2D const about(Grid(), Grid());
         switch (Pick(10)) {
             case 0:
-                figure->MoveItem(net.subNet, Grid() - 20, Grid() - 20);
+                figure->MoveItem(net.subNet, Grid() - 6, Grid() - 6);
                 break;
             case 1:
                 figure->RotateItem(net.subNet, about, std::numbers::pi / 2);
@@ -141,8 +151,6 @@ public:
                 figure->RemoveItem(net.subNet);
                 if (Pick(2)) figure->UpdateContent();
                 figure->Receive(net.subNet);
-                std::rotate(nets_.begin() + (&net - nets_.data()),
-                            nets_.begin() + (&net - nets_.data()) + 1, nets_.end());
                 break;
             default:
                 figure->UpdateContent();
@@ -204,7 +212,7 @@ private:
                                 Pick(2) ? 0.5 : 3.0, shape, nullptr, false);
     }
 
-    double Grid() { return static_cast<double>(Pick(41)); }
+    double Grid() { return static_cast<double>(Pick(13)); }  // small, so that wires meet
     std::size_t Pick(std::size_t count) { return random_() % count; }
 
     std::mt19937 random_;
@@ -227,7 +235,7 @@ TEST_P(IncrementalPictures, EqualThoseOfAFigureBuiltAfresh) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, IncrementalPictures, ::testing::Range(1u, 61u));
+INSTANTIATE_TEST_SUITE_P(Seeds, IncrementalPictures, ::testing::Range(1u, 41u));
 
 }  // namespace
 }  // namespace figrep::testing
