@@ -49,7 +49,7 @@ void ReadCorner(NodeReader& reader, View child, Shape& shape, std::string_view k
 
 void ReadMargins(NodeReader& reader, View child, Shape& shape) {
     View word = child.At(1);
-    for (double& margin : shape.margins) {
+    for (double& margin : shape.margins.emplace()) {
         if (!word) break;
         margin = reader.Number(word);
         word = word.Next();

@@ -63,7 +63,8 @@ struct Shape {
     std::string text;
     TextStyle style;
     double angle = 0;                 ///< of texts, degrees
-    std::array<double, 4> margins{};  ///< of a text box, mm: left, top, right, bottom
+    /// Of a text box, mm: left, top, right, bottom. Files before 2024 don't say.
+    std::optional<std::array<double, 4>> margins;
 };
 
 struct Alternate {

@@ -1,6 +1,7 @@
 #include "SheetPictures.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 
@@ -19,6 +20,14 @@ constexpr double INNER_MARGIN = 12;        // mm, to the inner line of the borde
 constexpr double GRID_STEP = 50;           // mm, wished size of the cells of the reference grid
 constexpr double TEXT_SIZE = 1.5;          // mm, of grid references and title block
 constexpr double UNKNOWN_IMAGE_SIZE = 20;  // mm
+constexpr double BOX_MARGIN = 0.75;        // parts of the text's height
+
+/// Without margins of its own a box keeps its text off the border by a part of the text's height.
+std::array<double, 4> MarginsOf(Shape const& shape) {
+    if (shape.margins) return *shape.margins;
+    double const margin = shape.style.height * BOX_MARGIN + std::max(shape.stroke.width, 0.0) / 2;
+    return {margin, margin, margin, margin};
+}
 
 figkernel::GraphicSource Graphic(std::string const& id, std::string const& name,
                                  std::vector<EntityPtr> const& entities,
@@ -65,10 +74,11 @@ void SheetPictures::DrawBoxText(Shape const& shape, std::string const& id,
     dg::DPoint2D const a = frame(shape.points[0]);
     dg::DPoint2D const b = frame(shape.points[1]);
     bool const upright = QuarterTurns(shape.angle) % 2 == 1;
-    double const left = std::min(a.x, b.x) + shape.margins[0];
-    double const right = std::max(a.x, b.x) - shape.margins[2];
-    double const top = std::max(a.y, b.y) - shape.margins[1];
-    double const bottom = std::min(a.y, b.y) + shape.margins[3];
+    std::array<double, 4> const margins = MarginsOf(shape);
+    double const left = std::min(a.x, b.x) + margins[0];
+    double const right = std::max(a.x, b.x) - margins[2];
+    double const top = std::max(a.y, b.y) - margins[1];
+    double const bottom = std::min(a.y, b.y) + margins[3];
     std::string const text = WrapText(Expand(shape.text), shape.style.height,
                                       std::max(1.0, upright ? top - bottom : right - left));
     if (text.empty()) return;
