@@ -89,10 +89,28 @@ bool ArrowPatternGenerator::Visit(SmartPtr<SubHighway> const&) {
 }
 
 void ArrowPatternGenerator::ReassertStartSegment(SmartPtr<SubNet> const& subNet) {
+    // Turned to its own head first: what lies before the start segment must not depend on whoever
+    // turned the tree last.
+    SmartPtr<ConnectionNode> const head = subNet->GetHead();
     SmartPtr<ConnectionNode> node = subNet->GetStartNode();
     if (!node) node = FindStartNode(subNet);
-    if (node && node != subNet->GetHead()) subNet->SetHead(node);
+    if (node && node != head) subNet->SetHead(node);
 }
+
+namespace {
+
+/// Whether the way from the start segment to its first leaf leaves by the first end, so that flow
+/// enters there once that leaf is head. Where all that touches the segment does so at its second
+/// end, turning would never come to rest.
+bool TurningHelps(NetSegment const& segment, DPoint2D const& firstEnd) {
+    std::vector<SmartPtr<figk::BaseConnectionNode>> following;
+    segment.GetNonJunctionSuccessors(following);
+    if (following.empty()) return true;
+    auto const next = du::DynamicCast<ConnectionNode>(following.front());
+    return next && next->Contacts(firstEnd);
+}
+
+}  // namespace
 
 SmartPtr<ConnectionNode> ArrowPatternGenerator::FindStartNode(SmartPtr<SubNet> const& subNet) {
     SmartPtr<NetSegment> const segment = subNet->GetStartSegment();
@@ -105,7 +123,7 @@ SmartPtr<ConnectionNode> ArrowPatternGenerator::FindStartNode(SmartPtr<SubNet> c
     if (before->Contacts(start)) {
         return du::DynamicCast<ConnectionNode>(before->figk::BaseConnectionNode::GetHead());
     }
-    if (before->Contacts(end)) {
+    if (before->Contacts(end) && TurningHelps(*segment, start)) {
         return du::DynamicCast<ConnectionNode>(segment->GetFirstLeaf());
     }
     return nullptr;

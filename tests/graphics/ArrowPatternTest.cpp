@@ -183,6 +183,16 @@ TEST_F(ArrowTest, AStartSegmentWhoseSecondEndIsAheadStartsAtItsLeaf) {
     EXPECT_EQ(net->GetHead(), leaf);
 }
 
+TEST_F(ArrowTest, AStartSegmentTouchedAtItsSecondEndAloneIsNotTurnedBackAndForth) {
+    auto const head = Drawing::Wire(net, {0, 0}, {10, 0});
+    auto const middle = Drawing::Wire(net, {15, 0}, {10, 0}, head);
+    Drawing::Wire(net, {10, 0}, {10, 10}, middle);
+    net->SetStartSegment(middle);
+    SetStyle(StyleOf(Style::PATTERN_END));
+    Run();
+    EXPECT_EQ(net->GetHead(), head);
+}
+
 TEST_F(ArrowTest, HighwaysHaveNoArrows) {
     auto const highway = drawing.Highway();
     auto const bus = Drawing::Bus(highway, {0, 0}, {10, 0});
