@@ -6,12 +6,15 @@
 #include <figk/SchematicKernel.h>
 #include <figk/Sheet.h>
 #include <figk/TextGraphic.h>
+#include <figk/TitleBlock.h>
 #include <figrep/Figure.h>
 #include <figrep/Format.h>
 #include <figrep/GenericGraphic.h>
 #include <figrep/KernelToFigureFactory.h>
 #include <figrep/MapGroupContent.h>
 #include <figrep/TextGraphic.h>
+#include <figrep/TitleBlock.h>
+#include <session/TitleBlockLayout.h>
 
 namespace fighost {
 
@@ -58,6 +61,12 @@ void AddSheetFrame(SmartPtr<figk::Sheet> const& sheet, SmartPtr<figrep::Figure> 
     SmartPtr<figk::Format> const record = sheet && figure ? sheet->GetFormat() : nullptr;
     if (!record) return;
     figure->Receive(FormatCopier().Copy(record));
+    SmartPtr<figk::TitleBlock> const titleBlock = sheet->GetTitleBlock();
+    if (!titleBlock) return;
+    figure->SetTitleBlockGraphicsGenerator(new TitleBlockLayout());
+    figrep::KernelToFigureFactory factory;
+    factory.SetLock(figk::SchematicKernel::GetKernelLock());
+    figure->Receive(factory.CreateTitleBlock(titleBlock, nullptr));
 }
 
 }  // namespace fighost

@@ -1,12 +1,12 @@
-// The frame of a sheet, which a sheet delta doesn't bring into a figure.
+// The frame and the title block of a sheet, which a sheet delta doesn't bring into a figure.
 #pragma once
 
 #include <figrep/Fwd.h>
 
 namespace fighost {
 
-/// Gives the figure the frame that the kernel has for the sheet, with its border and labels. A sheet
-/// without one leaves the figure without. Null arguments do nothing. Cost: linear in the frame.
+/// Gives the figure the frame that the kernel has for the sheet, with its border, labels and title
+/// block. A sheet without a frame leaves the figure without both. Null arguments do nothing.
 void AddSheetFrame(figrep::SmartPtr<figk::Sheet> const& sheet,
                    figrep::SmartPtr<figrep::Figure> const& figure);
 
