@@ -10,7 +10,7 @@
 namespace figrep::test {
 namespace {
 
-constexpr std::uint64_t TANGLES = 3000;
+constexpr std::uint64_t TANGLES = 1000;
 
 figkernel::BuildResult BuildOf(figkernel::DesignSource const& source) {
     return figkernel::Build(source, figk::SchematicKernel::GetKernelLock());

@@ -70,7 +70,6 @@ struct TextSource {
 
 /// Graphics, then texts, then sub-groups, in drawing order. Groups nest to any depth.
 struct GroupSource {
-    std::string id;  ///< of a sub-group only
     std::vector<GraphicSource> graphics;
     std::vector<TextSource> texts;
     std::vector<GroupSource> groups;
