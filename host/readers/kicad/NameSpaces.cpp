@@ -1,6 +1,7 @@
 #include "NameSpaces.h"
 
 #include <map>
+#include <set>
 
 namespace fighost::kicad {
 
@@ -51,6 +52,16 @@ std::uint32_t ChildOf(SheetGraph const& sheet, std::size_t pin) {
     return sheet.instance->children[sheet.sheetPins[pin].sheet];
 }
 
+void CountUnmet(SheetGraph const& sheet, LabelsByName const& labels,
+                std::set<LabelsByName::key_type> const& met, Findings& findings) {
+    for (auto const& [name, nodes] : labels) {
+        if (met.count(name) > 0) continue;
+        findings.Warn("label-without-sheet-pin", {sheet.File().path, 0, 0},
+                      "The hierarchical label '" + std::string(name.first.substr(0, 200)) +
+                          "' has no sheet pin of its name outside");
+    }
+}
+
 }  // namespace
 
 PowerName PowerNameOf(ResolvedSymbol const& symbol, ResolvedPin const& pin, int rootVersion) {
@@ -78,27 +89,31 @@ void JoinByNames(std::vector<SheetGraph> const& sheets, int rootVersion, NameSpa
 
 void JoinThroughSheetPins(std::vector<SheetGraph> const& sheets, UnionFind& sets,
                           Findings& findings) {
-    std::map<std::uint32_t, LabelsByName> labelsOf;
+    std::vector<LabelsByName> labelsOf;
+    for (SheetGraph const& sheet : sheets)
+        labelsOf.push_back(HierarchicalLabels(sheet));
+    std::vector<std::set<LabelsByName::key_type>> met(sheets.size());
     for (SheetGraph const& sheet : sheets) {
         for (std::size_t i = 0; i < sheet.sheetPins.size(); ++i) {
             std::uint32_t const child = ChildOf(sheet, i);
             if (child == NO_SHEET) continue;
-            auto found = labelsOf.find(child);
-            if (found == labelsOf.end()) {
-                found = labelsOf.emplace(child, HierarchicalLabels(sheets[child])).first;
-            }
             GivenName const& given = sheet.sheetPinNames[i];
-            auto const labels = found->second.find({given.name, given.bus});
-            if (labels == found->second.end()) {
+            auto const labels = labelsOf[child].find({given.name, given.bus});
+            if (labels == labelsOf[child].end()) {
                 findings.Warn("sheet-pin-without-label", {sheet.File().path, 0, 0},
                               "The sheet pin '" + given.name.substr(0, 200) +
                                   "' has no hierarchical label of its name inside");
                 continue;
             }
+            met[child].insert(labels->first);
             for (Node const label : labels->second) {
                 sets.Join(sheet.firstSheetPin + static_cast<Node>(i), label);
             }
         }
+    }
+    for (SheetGraph const& sheet : sheets) {
+        if (sheet.instance->parent == NO_SHEET) continue;
+        CountUnmet(sheet, labelsOf[sheet.index], met[sheet.index], findings);
     }
 }
 

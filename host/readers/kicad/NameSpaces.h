@@ -55,7 +55,8 @@ private:
 /// Labels, power pins: equal names on a sheet, and global ones over the design.
 void JoinByNames(std::vector<SheetGraph> const& sheets, int rootVersion, NameSpaces& names);
 
-/// Sheet pins with the hierarchical labels of equal text inside. Counts those without a partner.
+/// Sheet pins with the hierarchical labels of equal text inside. Counts those without a partner, on
+/// both sides.
 void JoinThroughSheetPins(std::vector<SheetGraph> const& sheets, UnionFind& sets,
                           Findings& findings);
 

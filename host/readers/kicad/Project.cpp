@@ -99,6 +99,11 @@ Project ReadProject(FileSource& files, std::string const& rootSheet, Limits cons
     ReadVariables(Member(&json, "text_variables"), project);
     Json const* const schematic = Member(&json, "schematic");
     ReadAliases(Member(schematic, "bus_aliases"), project);
+    Json const* const roots = Member(schematic, "top_level_sheets");
+    if (roots && roots->is_array() && roots->size() > 1) {
+        findings.Warn("further-root-sheets", {path, 0, 0},
+                      "The project has several root sheets; only one of them is read");
+    }
     int const first = Integer(Member(schematic, "subpart_first_id"), 'A');
     if (first == 'a' || (first >= '0' && first <= '9')) project.firstUnit = first;
     project.unitSeparator = Integer(Member(schematic, "subpart_id_separator"), 0);

@@ -29,16 +29,11 @@ SymbolInstance const* FindInstance(Hierarchy const& hierarchy, SheetInstance con
 
 void ResolveIdentity(Hierarchy const& hierarchy, std::uint32_t index, ResolvedSymbol& result) {
     PlacedSymbol const& symbol = *result.placed;
-    if (Property const* reference = result.FindProperty("Reference")) {
-        result.reference = reference->value;
-    }
+    result.reference = ReferenceAt(hierarchy, index, symbol);
     result.unit = std::max(1, symbol.unit);
     result.bodyStyle = std::max(1, symbol.bodyStyle);
     auto const* instance = FindInstance(hierarchy, hierarchy.sheets[index], symbol);
-    if (instance) {
-        if (!instance->reference.empty()) result.reference = instance->reference;
-        if (instance->unit > 0) result.unit = instance->unit;
-    }
+    if (instance && instance->unit > 0) result.unit = instance->unit;
     if (Property const* value = result.FindProperty("Value")) {
         result.value = Unescape(ExpandInSymbol(hierarchy, index, result, value->value));
     }
@@ -161,6 +156,16 @@ Property const* ResolvedSymbol::FindProperty(std::string_view name) const {
         if (property.name == name) return &property;
     }
     return nullptr;
+}
+
+std::string ReferenceAt(Hierarchy const& hierarchy, std::uint32_t sheet,
+                        PlacedSymbol const& symbol) {
+    auto const* instance = FindInstance(hierarchy, hierarchy.sheets[sheet], symbol);
+    if (instance && !instance->reference.empty()) return instance->reference;
+    for (Property const& property : symbol.properties) {
+        if (property.name == "Reference") return property.value;
+    }
+    return {};
 }
 
 std::vector<std::string> ExpandPinNumbers(std::string const& number) {

@@ -60,6 +60,10 @@ struct ResolvedSymbol {
 std::vector<ResolvedSymbol> ResolveSymbols(Hierarchy const& hierarchy, std::uint32_t sheet,
                                            Findings& findings);
 
+/// What a symbol is called at one place of its sheet.
+std::string ReferenceAt(Hierarchy const& hierarchy, std::uint32_t sheet,
+                        PlacedSymbol const& symbol);
+
 /// "[1,3-5]" as 1, 3, 4, 5; anything else as itself.
 std::vector<std::string> ExpandPinNumbers(std::string const& number);
 

@@ -62,16 +62,12 @@ Value FieldOf(PlacedSymbol const& symbol, std::string const& reference, std::str
 }
 
 /// "uuid:FIELD" of another symbol of the sheet.
-Value FromOtherSymbol(SheetFile const& file, std::string_view name) {
+Value FromOtherSymbol(Hierarchy const& hierarchy, std::uint32_t sheet, std::string_view name) {
     std::size_t const colon = name.find(':');
     if (colon == std::string_view::npos) return std::nullopt;
-    for (PlacedSymbol const& symbol : file.symbols) {
+    for (PlacedSymbol const& symbol : hierarchy.sheets[sheet].file->symbols) {
         if (symbol.uuid != name.substr(0, colon)) continue;
-        for (Property const& property : symbol.properties) {
-            if (property.name == "Reference") {
-                return FieldOf(symbol, property.value, name.substr(colon + 1));
-            }
-        }
+        return FieldOf(symbol, ReferenceAt(hierarchy, sheet, symbol), name.substr(colon + 1));
     }
     return std::nullopt;
 }
@@ -81,7 +77,7 @@ Value FromOtherSymbol(SheetFile const& file, std::string_view name) {
 std::string ExpandOnSheet(Hierarchy const& hierarchy, std::uint32_t sheet, std::string_view text) {
     return ExpandVariables(text, [&](std::string_view name) -> Value {
         if (auto value = FromSheet(hierarchy, sheet, name)) return value;
-        return FromOtherSymbol(*hierarchy.sheets[sheet].file, name);
+        return FromOtherSymbol(hierarchy, sheet, name);
     });
 }
 
@@ -91,7 +87,7 @@ std::string ExpandInSymbol(Hierarchy const& hierarchy, std::uint32_t sheet,
         if (name == "UNIT") return hierarchy.project.UnitName(symbol.unit);
         if (auto value = FieldOf(*symbol.placed, symbol.reference, name)) return value;
         if (auto value = FromSheet(hierarchy, sheet, name)) return value;
-        return FromOtherSymbol(*hierarchy.sheets[sheet].file, name);
+        return FromOtherSymbol(hierarchy, sheet, name);
     });
 }
 

@@ -179,6 +179,13 @@ TEST(BadInput, ABrokenProjectIsAWarning) {
     }
 }
 
+TEST(BadInput, FurtherRootSheetsOfTheProjectAreAWarning) {
+    auto const result = Read(std::map<std::string, std::string>{
+        {"root.kicad_sch", File(Pin("A", 0, 0))},
+        {"root.kicad_pro", R"({"schematic": {"top_level_sheets": [{}, {}]}})"}});
+    EXPECT_EQ(Warnings(result, "further-root-sheets"), 1u);
+}
+
 TEST(BadInput, BytesOfAStrangerAreTakenInOneCall) {
     EXPECT_TRUE(ReadDesignBytes(File(Pin("A", 0, 0))).IsGood());
     Limits limits;

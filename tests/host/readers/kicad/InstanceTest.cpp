@@ -85,6 +85,15 @@ TEST(Instances, Version6KeepsThemInATableOfTheRoot) {
     EXPECT_EQ(References(Read(files)), (Names{"R1", "R2"}));
 }
 
+TEST(Instances, TextsCanNameFieldsOfOtherSymbols) {
+    auto const result = Read(File(
+        "(text \"see ${other:REFERENCE} ${other:VALUE}\" (at 0 0 0))"
+        "(symbol (lib_id \"T:pin\") (at 0 0 0) (uuid other) (property \"Reference\" \"R?\" (at 0 "
+        "0 0)) (property \"Value\" \"10k\" (at 0 0 0)) (instances " +
+        Instance("root", "/root", "R5") + "))"));
+    EXPECT_EQ(result.design.sheets[0].labels.texts.at(0).text, "see R5 10k");
+}
+
 TEST(Instances, TheLibraryNameComesBeforeTheLibraryId) {
     auto const result =
         Read(File(Symbol("T:none", "U1", "x", 0, 0, 0, "(lib_name \"T:two\")") + Pin("A", 0, 0)));

@@ -105,6 +105,12 @@ TEST(Names, ASheetPinWithoutLabelInsideIsCounted) {
     EXPECT_EQ(Warnings(result, "sheet-pin-without-label"), 1u);
 }
 
+TEST(Names, AHierarchicalLabelWithoutSheetPinIsCounted) {
+    auto const result = Read(TwoSheets("", Hierarchical("IO", 0, 0)));
+    EXPECT_EQ(Warnings(result, "label-without-sheet-pin"), 1u);
+    EXPECT_EQ(Warnings(Read(File(Hierarchical("IO", 0, 0))), "label-without-sheet-pin"), 0u);
+}
+
 TEST(Names, ASheetUsedTwiceHasItsOwnNetsInEachPlace) {
     std::map<std::string, std::string> const files{
         {"root.kicad_sch", File(Sheet("one", "sub.kicad_sch") + Sheet("two", "sub.kicad_sch"))},
