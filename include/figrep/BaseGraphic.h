@@ -58,8 +58,9 @@ public:
     /// Resolves the settings into the draw state. For whoever paints, item by item.
     virtual void UpdateRenderInfoBase();
 
-    /// The draw state as it was last brought up to date; lives as long as the graphic.
-    RenderInfo const& GetRenderInfo() const { return renderInfo_; }
+    /// The draw state as it was last brought up to date; lives as long as the graphic. Made when
+    /// first asked for or written to, since most pick proxies never need one.
+    RenderInfo const& GetRenderInfo() const;
     /// The draw state with a picture of its own, free to be transformed.
     SmartPtr<RenderInfo> CloneRenderInfo() const;
 
@@ -85,7 +86,7 @@ protected:
     /// The private picture, without making one.
     SmartPtr<figk::Zv2dGraphics> const& GetOwnGraphics() const { return graphics_; }
     void SetOwnGraphics(SmartPtr<figk::Zv2dGraphics> const& graphics) const;
-    RenderInfo& GetRenderInfoForUpdate() { return renderInfo_; }
+    RenderInfo& GetRenderInfoForUpdate();
     /// Drops the cached boxes of the graphic and of the groups that hold it.
     void InvalidateExtents();
 
@@ -101,7 +102,7 @@ private:
     bool highlightIsSelection_ = false;
     bool visible_ = true;
     bool fillBackground_ = false;
-    RenderInfo renderInfo_;
+    mutable SmartPtr<RenderInfo> renderInfo_;  // null: as a new one is
 };
 
 }  // namespace figrep

@@ -25,10 +25,10 @@ SmartPtr<Figure> FigureOfGroup(SmartPtr<figk::Group> const& head) {
 
 BaseGraphic::BaseGraphic(SmartPtr<zvk::ReadWriteLock> const& lock,
                          SmartPtr<figk::AbstractItem> const& kernelItem)
-    : AbstractFigureItem(lock, kernelItem), renderInfo_(lock) {}
+    : AbstractFigureItem(lock, kernelItem) {}
 
 BaseGraphic::BaseGraphic(SmartPtr<zvk::ReadWriteLock> const& lock, std::string const& name)
-    : AbstractFigureItem(lock, name), renderInfo_(lock) {}
+    : AbstractFigureItem(lock, name) {}
 
 BaseGraphic::~BaseGraphic() = default;
 
@@ -190,10 +190,24 @@ void BaseGraphic::SetMemberPreselectHighlight(bool on) {
 void BaseGraphic::SetMemberVisibility(bool on) {
     zvk::WriteGuard guard(GetLock());
     visible_ = on;
-    renderInfo_.SetVisibility(on);
+    GetRenderInfoForUpdate().SetVisibility(on);
 }
 
 // Draw state.
+
+RenderInfo const& BaseGraphic::GetRenderInfo() const {
+    {
+        zvk::ReadGuard guard(GetLock());
+        if (renderInfo_) return *renderInfo_;
+    }
+    zvk::WriteGuard guard(GetLock());
+    if (!renderInfo_) renderInfo_ = new RenderInfo(GetLock());
+    return *renderInfo_;
+}
+
+RenderInfo& BaseGraphic::GetRenderInfoForUpdate() {
+    return const_cast<RenderInfo&>(GetRenderInfo());
+}
 
 void BaseGraphic::UpdateHighlight() {
     bool useLowlight = false;
@@ -204,23 +218,25 @@ void BaseGraphic::UpdateHighlight() {
     if (noPreselection) preselectHighlight_ = false;
     bool dim = false;
     GetBooleanSetting(Setting::DIM, dim);
-    renderInfo_.SetHighlight(highlight_ || preselectHighlight_);
-    renderInfo_.SetDim(dim);
+    RenderInfo& info = GetRenderInfoForUpdate();
+    info.SetHighlight(highlight_ || preselectHighlight_);
+    info.SetDim(dim);
 }
 
 void BaseGraphic::UpdateRenderInfoBase() {
     zvk::WriteGuard guard(GetLock());
-    renderInfo_.SetZv2dGraphics(GetZv2dGraphics());
+    RenderInfo& info = GetRenderInfoForUpdate();
+    info.SetZv2dGraphics(GetZv2dGraphics());
     Color color = Color::BLACK;
-    renderInfo_.SetColor(GetColorFromSettings(color) ? color : Color::BLACK);
+    info.SetColor(GetColorFromSettings(color) ? color : Color::BLACK);
     Color background;
-    if (renderInfo_.GetFillBackground() && GetColorSetting(Setting::BACKGROUND_COLOR, background)) {
-        renderInfo_.SetBackgroundColor(background);
+    if (info.GetFillBackground() && GetColorSetting(Setting::BACKGROUND_COLOR, background)) {
+        info.SetBackgroundColor(background);
     }
     UpdateHighlight();
     bool visible = visible_;
     if (visible) GetBooleanSetting(Setting::ITEM_VISIBILITY, visible);
-    renderInfo_.SetVisibility(visible);
+    info.SetVisibility(visible);
     UpdateRenderInfo();
 }
 
@@ -229,7 +245,7 @@ bool BaseGraphic::GetColorFromSettings(Color& out) const {
 }
 
 SmartPtr<RenderInfo> BaseGraphic::CloneRenderInfo() const {
-    return renderInfo_.Clone();
+    return GetRenderInfo().Clone();
 }
 
 bool BaseGraphic::GetFillBackground() const {

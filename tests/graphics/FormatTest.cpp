@@ -478,6 +478,19 @@ TEST(FigureExtents, PickProxiesCountForNothing) {
     EXPECT_EQ(drawing.figure->GetExtents(), DBox2D::EMPTY);
 }
 
+TEST(FigureExtents, AHighwayMetOnANetsWalkIsNotEntered) {
+    Drawing const drawing;
+    auto const bus = Drawing::Bus(drawing.Highway(), {0, 0}, {10, 0});
+    auto const net = drawing.Net();
+    CalcFigureExtentsVisitor visitor;
+    EXPECT_TRUE(visitor.StartGroupVisit(bus));
+    EXPECT_TRUE(visitor.Visit(net));
+    EXPECT_FALSE(visitor.StartGroupVisit(bus));
+    EXPECT_TRUE(visitor.StartGroupVisit(FreeGroup()));
+    visitor.VisitComplete(net);
+    EXPECT_TRUE(visitor.StartGroupVisit(bus));
+}
+
 TEST(FigureExtents, HiddenGraphicsCount) {
     Drawing const drawing;
     auto const graphic = LineGraphic(drawing.figure->GetTextLabelContainerGroup(), {0, 0}, {5, 5});
