@@ -88,6 +88,8 @@ private:
     /// This block and all blocks below it, parents before children. Nesting may be deep, so
     /// nothing here recurses.
     Family GetFamily() const;
+    /// Appends the children to `orphans`, who no longer know a parent.
+    void GiveUpChildren(Family& orphans);
     bool IsInside(BaseBlockInstance const& other) const;
     void TransformFamily(BlockTransform const& transform);
     void SetFamilyLook(BlockLook const& look);

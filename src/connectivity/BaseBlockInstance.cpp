@@ -95,9 +95,22 @@ BaseBlockInstance::BaseBlockInstance(SmartPtr<zvk::ReadWriteLock> const& lock,
 BaseBlockInstance::~BaseBlockInstance() {
     for (auto const& connector : connectorInstances_)
         connector->blockInstance_ = nullptr;
+    // Children that nobody else holds die here one by one, however deep they are nested.
+    Family orphans;
+    GiveUpChildren(orphans);
+    while (!orphans.empty()) {
+        SmartPtr<BaseBlockInstance> const orphan = orphans.back();
+        orphans.pop_back();
+        if (orphan->GetRefCount() == 1) orphan->GiveUpChildren(orphans);
+    }
+}
+
+void BaseBlockInstance::GiveUpChildren(Family& orphans) {
     for (auto const& child : children_) {
         if (child->parent_ == this) child->parent_ = nullptr;
+        orphans.push_back(child);
     }
+    children_.clear();
 }
 
 // Parts.

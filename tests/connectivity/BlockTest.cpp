@@ -102,6 +102,27 @@ TEST_F(BlockTest, NestedDeeplyTransformsAndMeasuresWithoutRecursion) {
     EXPECT_EQ(block->GetExtents(), DBox2D(3, 0, 4, 1));
 }
 
+TEST_F(BlockTest, NestedDeeplyDiesWithoutRecursion) {
+    auto const before = du::RefCounted::LiveCount();
+    SmartPtr<BaseBlockInstance> outermost = new BlockInstance(nullptr, "");
+    for (int i = 0; i < 100'000; ++i) {
+        SmartPtr<BaseBlockInstance> const parent = new BlockInstance(nullptr, "");
+        parent->Add(outermost);
+        outermost = parent;
+    }
+    outermost = nullptr;
+    EXPECT_EQ(du::RefCounted::LiveCount(), before);
+}
+
+TEST_F(BlockTest, ChildOutlivesItsParentWithoutPointingAtIt) {
+    SmartPtr<BaseBlockInstance> parent = new BlockInstance(nullptr, "");
+    SmartPtr<BaseBlockInstance> const child = new BlockInstance(nullptr, "");
+    parent->Add(child);
+    parent = nullptr;
+    EXPECT_FALSE(child->GetParent());
+    child->MoveItem(1, 0);
+}
+
 TEST_F(BlockTest, MadeByNameHasNoIdWhileCableAndTableTakeTheirNames) {
     EXPECT_EQ(Block(DBox2D::EMPTY)->GetId(), Symbol::EMPTY);
     SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
