@@ -12,6 +12,7 @@ namespace figkernel {
 namespace {
 
 constexpr double TOLERANCE = dg::CONTACT_TOLERANCE * GRID_STEPS_PER_MM;
+constexpr auto SLACK = static_cast<std::int64_t>(TOLERANCE) + 2;
 
 bool LiesOn(GridPoint const& a, GridPoint const& b, GridPoint const& p) {
     long double const dx = static_cast<long double>(b.x - a.x);
@@ -77,7 +78,6 @@ std::int64_t PointIndex::Column(std::int64_t x) const {
 }
 
 void PointIndex::BuildCells() {
-    if (points.empty()) return;
     low = high = points.front();
     for (GridPoint const& p : points) {
         low = {std::min(low.x, p.x), std::min(low.y, p.y)};
@@ -96,15 +96,33 @@ void PointIndex::BuildCells() {
     });
 }
 
+bool PointIndex::FindInNarrowRange(GridPoint const& a, GridPoint const& b,
+                                   std::vector<std::uint32_t>& out) const {
+    auto const few = static_cast<std::ptrdiff_t>(std::sqrt(static_cast<double>(points.size())));
+    auto const xBelow = [this](std::uint32_t i, std::int64_t x) { return points[i].x < x; };
+    auto const yBelow = [this](std::uint32_t i, std::int64_t y) { return points[i].y < y; };
+    auto first =
+        std::lower_bound(byColumn.begin(), byColumn.end(), std::min(a.x, b.x) - SLACK, xBelow);
+    auto last = std::lower_bound(first, byColumn.end(), std::max(a.x, b.x) + SLACK, xBelow);
+    if (last - first > few) {
+        first = std::lower_bound(byRow.begin(), byRow.end(), std::min(a.y, b.y) - SLACK, yBelow);
+        last = std::lower_bound(first, byRow.end(), std::max(a.y, b.y) + SLACK, yBelow);
+        if (last - first > few) return false;
+    }
+    for (; first != last; ++first) {
+        if (LiesOn(a, b, points[*first])) out.push_back(*first);
+    }
+    return true;
+}
+
 void PointIndex::FindOnSlant(GridPoint const& a, GridPoint const& b,
                              std::vector<std::uint32_t>& out) {
+    if (FindInNarrowRange(a, b, out)) return;
     if (cells.empty()) BuildCells();
-    if (cells.empty()) return;
-    auto const slack = static_cast<std::int64_t>(TOLERANCE) + 1;
     GridPoint const& lower = a.y < b.y ? a : b;
     GridPoint const& upper = a.y < b.y ? b : a;
-    std::int64_t const yFirst = std::max(lower.y - slack, low.y);
-    std::int64_t const yLast = std::min(upper.y + slack, high.y);
+    std::int64_t const yFirst = std::max(lower.y - SLACK, low.y);
+    std::int64_t const yLast = std::min(upper.y + SLACK, high.y);
     if (yFirst > yLast) return;
     double const slope =
         static_cast<double>(upper.x - lower.x) / static_cast<double>(upper.y - lower.y);
@@ -113,10 +131,10 @@ void PointIndex::FindOnSlant(GridPoint const& a, GridPoint const& b,
         return lower.x + static_cast<std::int64_t>(std::llround(inside * slope));
     };
     for (std::int64_t row = Row(yFirst); row <= Row(yLast); ++row) {
-        std::int64_t const x0 = xAt(low.y + row * cellHeight - slack);
-        std::int64_t const x1 = xAt(low.y + (row + 1) * cellHeight + slack);
-        std::int64_t const xFirst = std::max(std::min(x0, x1) - slack, low.x);
-        std::int64_t const xLast = std::min(std::max(x0, x1) + slack, high.x);
+        std::int64_t const x0 = xAt(low.y + row * cellHeight - SLACK);
+        std::int64_t const x1 = xAt(low.y + (row + 1) * cellHeight + SLACK);
+        std::int64_t const xFirst = std::max(std::min(x0, x1) - SLACK, low.x);
+        std::int64_t const xLast = std::min(std::max(x0, x1) + SLACK, high.x);
         if (xFirst > xLast) continue;
         std::int64_t const lastColumn = Column(xLast);
         auto at = std::lower_bound(cells.begin(), cells.end(), std::pair(row, Column(xFirst)),

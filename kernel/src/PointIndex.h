@@ -26,6 +26,10 @@ private:
     void FindOnRow(GridPoint const& a, GridPoint const& b, std::vector<std::uint32_t>& out) const;
     void FindOnColumn(GridPoint const& a, GridPoint const& b,
                       std::vector<std::uint32_t>& out) const;
+    /// Looks through the points beside, or above and below, the line when they are few; false when
+    /// they aren't.
+    bool FindInNarrowRange(GridPoint const& a, GridPoint const& b,
+                           std::vector<std::uint32_t>& out) const;
     void FindOnSlant(GridPoint const& a, GridPoint const& b, std::vector<std::uint32_t>& out);
     void BuildCells();
     std::int64_t Row(std::int64_t y) const;
