@@ -12,9 +12,8 @@ struct NamedColor {
 };
 
 constexpr NamedColor NAMED[] = {
-    {"white", dg::Color::WHITE}, {"black", dg::Color::BLACK},
-    {"gray", {0.5F, 0.5F, 0.5F}}, {"grey", {0.5F, 0.5F, 0.5F}},
-    {"ivory", {1.0F, 1.0F, 0.94F}},
+    {"white", dg::Color::WHITE},  {"black", dg::Color::BLACK},    {"gray", {0.5F, 0.5F, 0.5F}},
+    {"grey", {0.5F, 0.5F, 0.5F}}, {"ivory", {1.0F, 1.0F, 0.94F}},
 };
 
 int HexDigit(char c) {

@@ -23,7 +23,8 @@ Summary Summarise(Session const& session) {
 
 Json SummaryJson(Session const& session, Summary const& summary) {
     Json items = Json::object();
-    for (auto const& [type, count] : summary.items) items[type] = count;
+    for (auto const& [type, count] : summary.items)
+        items[type] = count;
     Json json;
     json["file"] = session.GetFile();
     json["design"] = session.GetDesignName();
@@ -50,7 +51,8 @@ std::string SummaryText(Session const& session, Summary const& summary) {
         text += "  " + sheet.path + "  " + sheet.name + "\n";
     }
     text += "items\n";
-    for (auto const& [type, count] : summary.items) text += Row(type, count);
+    for (auto const& [type, count] : summary.items)
+        text += Row(type, count);
     text += "wiring\n" + Row("nets", summary.nets) + Row("crossings", summary.crossings);
     text += "reading\n" + Row("warnings", summary.warnings);
     return text;

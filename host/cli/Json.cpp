@@ -3,8 +3,8 @@
 namespace fighost {
 
 Json ToJson(NetEntry const& net) {
-    return {{"name", net.name}, {"pins", net.pins}, {"sheets", net.sheets},
-            {"subnets", net.subnets}};
+    return {
+        {"name", net.name}, {"pins", net.pins}, {"sheets", net.sheets}, {"subnets", net.subnets}};
 }
 
 Json ToJson(ItemEntry const& item) {
@@ -12,8 +12,11 @@ Json ToJson(ItemEntry const& item) {
 }
 
 Json ToJson(PortEntry const& port) {
-    return {{"id", port.id}, {"name", port.name}, {"carries", port.carries},
-            {"target", port.target}, {"sheets", port.sheets}};
+    return {{"id", port.id},
+            {"name", port.name},
+            {"carries", port.carries},
+            {"target", port.target},
+            {"sheets", port.sheets}};
 }
 
 Json ToJson(SessionSheet const& sheet) {
@@ -23,7 +26,7 @@ Json ToJson(SessionSheet const& sheet) {
 Json ToJson(WarningCount const& warning) {
     Place const& place = warning.first.place;
     return {{"kind", warning.kind}, {"count", warning.count}, {"file", place.file},
-            {"line", place.line}, {"column", place.column}, {"message", warning.first.sentence}};
+            {"line", place.line},   {"column", place.column}, {"message", warning.first.sentence}};
 }
 
 std::string JsonText(Json const& json) {

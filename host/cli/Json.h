@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include <nlohmann/json.hpp>
 #include <session/Inventory.h>
+#include <nlohmann/json.hpp>
 
 namespace fighost {
 
@@ -21,7 +21,8 @@ Json ToJson(WarningCount const& warning);
 template <typename Entry>
 Json ToJson(std::vector<Entry> const& entries) {
     Json list = Json::array();
-    for (Entry const& entry : entries) list.push_back(ToJson(entry));
+    for (Entry const& entry : entries)
+        list.push_back(ToJson(entry));
     return list;
 }
 

@@ -51,7 +51,8 @@ template <typename Entry>
 std::string Listing(std::vector<Entry> const& entries, bool json) {
     if (json) return JsonText(ToJson(entries));
     std::string text;
-    for (Entry const& entry : entries) text += ToLine(entry);
+    for (Entry const& entry : entries)
+        text += ToLine(entry);
     return text;
 }
 

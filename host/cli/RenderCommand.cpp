@@ -1,10 +1,10 @@
 #include <cli/Color.h>
 #include <cli/Commands.h>
 #include <cli/Output.h>
-#include <optional>
 #include <painters/PaintFigure.h>
 #include <painters/SvgPainter.h>
 #include <session/SheetFileName.h>
+#include <optional>
 #include <vector>
 
 namespace fighost {
@@ -12,15 +12,16 @@ namespace fighost {
 namespace {
 
 bool EndsWith(std::string const& text, std::string const& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+    return text.size() >= end.size() &&
+           text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
 // Says what is wrong with the arguments; empty when nothing is.
 std::string CheckFormat(RenderArguments const& arguments) {
     bool const standardOutput = arguments.output == "-";
-    bool const svg = arguments.format == "svg" ||
-                     (arguments.format.empty() &&
-                      (standardOutput || EndsWith(arguments.output, ".svg")));
+    bool const svg =
+        arguments.format == "svg" ||
+        (arguments.format.empty() && (standardOutput || EndsWith(arguments.output, ".svg")));
     if (svg) return {};
     if (!arguments.format.empty()) return "unknown format '" + arguments.format + "'; svg is known";
     return "can't tell the format from '" + arguments.output + "'; end it in .svg or say --format";
@@ -88,7 +89,8 @@ ExitCode Render(RenderArguments const& arguments) {
     if (!session) return EXIT_UNREADABLE_INPUT;
     std::vector<SessionSheet const*> sheets;
     if (arguments.sheet.empty()) {
-        for (SessionSheet const& sheet : session->GetSheets()) sheets.push_back(&sheet);
+        for (SessionSheet const& sheet : session->GetSheets())
+            sheets.push_back(&sheet);
     } else {
         sheets = session->FindSheets(arguments.sheet);
     }

@@ -1,8 +1,5 @@
 #include <painters/EntityPainter.h>
 
-#include <algorithm>
-#include <cmath>
-#include <numbers>
 #include <zv2d/Attributes.h>
 #include <zv2d/CircularArc.h>
 #include <zv2d/Definition.h>
@@ -10,6 +7,9 @@
 #include <zv2d/Picture.h>
 #include <zv2d/TexPolyline.h>
 #include <zv2d/Text.h>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace fighost {
 
@@ -68,8 +68,7 @@ bool IsBody(zv2d::Entity const& entity) {
            attributes->GetFillAttr()->GetKind() == attrs::FillAttr::BODY;
 }
 
-void EntityPainter::Paint(zv2d::Instance const& instance, GraphicLook const& look,
-                          PaintPass pass) {
+void EntityPainter::Paint(zv2d::Instance const& instance, GraphicLook const& look, PaintPass pass) {
     if (!instance.GetDefinition()) return;
     pass_ = pass;
     matrix_ = instance.GetMatrix();
@@ -113,8 +112,10 @@ fighost::Stroke EntityPainter::StrokeOf(zv2d::Attributes const* own) const {
 
 fighost::Fill EntityPainter::FillOf(zv2d::Attributes const* own) const {
     attrs::FillAttr const* fill = nullptr;
-    if (own && own->GetFillAttr()) fill = own->GetFillAttr().Get();
-    else if (instanceAttributes_) fill = instanceAttributes_->GetFillAttr().Get();
+    if (own && own->GetFillAttr())
+        fill = own->GetFillAttr().Get();
+    else if (instanceAttributes_)
+        fill = instanceAttributes_->GetFillAttr().Get();
     if (!fill || fill->GetKind() == attrs::FillAttr::NONE) return {};
     if (look_->fill && look_->fill->GetKind() != attrs::FillAttr::NONE) fill = look_->fill.Get();
     bool const asOutline = fill->GetKind() == attrs::FillAttr::OUTLINE;

@@ -20,14 +20,15 @@ inline constexpr double HAIRLINE = 0.1524;
 
 /// What a graphic's draw state says about all of its entities.
 struct GraphicLook {
-    dg::Color color;  ///< of lines and texts
+    dg::Color color;                               ///< of lines and texts
     du::ConstSmartPtr<zv2d::LineAttributes> line;  ///< may be null
-    du::ConstSmartPtr<attrs::FillAttr> fill;  ///< replaces the colour of what is filled; may be null
+    du::ConstSmartPtr<attrs::FillAttr>
+        fill;         ///< replaces the colour of what is filled; may be null
     double halo = 0;  ///< added to line widths
 };
 
-/// Which part of an entity is painted. Bodies are what looks like a background; an item with several
-/// has them painted first, so that none covers the outline of another.
+/// Which part of an entity is painted. Bodies are what looks like a background; an item with
+/// several has them painted first, so that none covers the outline of another.
 enum class PaintPass { ALL, BODIES, ALL_BUT_BODIES };
 
 /// Whether an entity is filled as a body.

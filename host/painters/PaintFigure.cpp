@@ -1,7 +1,5 @@
 #include <painters/PaintFigure.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <figk/Zv2dGraphics.h>
 #include <figrep/AbstractFigureVisitor.h>
 #include <figrep/BaseGraphic.h>
@@ -20,13 +18,15 @@
 #include <figrep/TextLabelContainer.h>
 #include <figrep/TextLabelContainerGroup.h>
 #include <painters/EntityPainter.h>
+#include <zv2d/Definition.h>
+#include <zvk/ReadWriteLock.h>
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
-#include <zv2d/Definition.h>
-#include <zvk/ReadWriteLock.h>
 
 namespace fighost {
 
@@ -36,7 +36,7 @@ using figrep::AbstractFigureItem;
 using figrep::BaseGraphic;
 using figrep::SmartPtr;
 
-constexpr double MARGIN = 5.0;        // around content without a frame, in millimetres
+constexpr double MARGIN = 5.0;          // around content without a frame, in millimetres
 constexpr double HIGHLIGHT_HALO = 0.3;  // added to the lines of highlighted items
 
 // From the back to the front: filled shapes that stand free, such as coloured areas, must not hide
@@ -145,7 +145,8 @@ public:
 
     void Paint(Entry const& entry) {
         begun_ = false;
-        for (auto const& graphic : entry.graphics) graphic->UpdateRenderInfoBase();
+        for (auto const& graphic : entry.graphics)
+            graphic->UpdateRenderInfoBase();
         if (HasBodyBehindOther(entry)) {
             PaintGraphics(entry, PaintPass::BODIES);
             PaintGraphics(entry, PaintPass::ALL_BUT_BODIES);
@@ -173,7 +174,8 @@ private:
     }
 
     void PaintGraphics(Entry const& entry, PaintPass pass) {
-        for (auto const& graphic : entry.graphics) Paint(entry, *graphic, pass);
+        for (auto const& graphic : entry.graphics)
+            Paint(entry, *graphic, pass);
     }
 
     void Paint(Entry const& entry, BaseGraphic const& graphic, PaintPass pass) {
@@ -247,7 +249,8 @@ void PaintFigure(SmartPtr<figrep::Figure> const& figure, Painter& painter,
         figure->Accept(collector);
         GraphicPainter graphics(painter, options);
         for (std::size_t layer = 0; layer < LAYER_COUNT; ++layer) {
-            for (Entry const& entry : collector.GetLayer(layer)) graphics.Paint(entry);
+            for (Entry const& entry : collector.GetLayer(layer))
+                graphics.Paint(entry);
         }
     }
     painter.EndSheet();

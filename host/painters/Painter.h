@@ -38,7 +38,7 @@ struct PaintedSheet {
     dg::Color background;
     bool paintBackground = true;
     std::string title;
-    std::string anchor;      ///< what links to this sheet name; empty: nothing links here
+    std::string anchor;     ///< what links to this sheet name; empty: nothing links here
     std::size_t depth = 0;  ///< in the tree of sheets, 0 for the root
 };
 
@@ -47,7 +47,7 @@ struct PaintedItem {
     std::string_view id;
     std::string_view type;  ///< as `AbstractFigureItem::GetTypeName` has it
     std::string_view name;
-    std::string_view net;  ///< empty for what belongs to no net
+    std::string_view net;   ///< empty for what belongs to no net
     std::string_view link;  ///< anchor of the sheet where the item goes on; empty for most
     bool highlighted = false;
 };

@@ -1,11 +1,11 @@
 #include <painters/SvgPainter.h>
 
+#include <painters/Base64.h>
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <numbers>
-#include <painters/Base64.h>
 
 namespace fighost {
 
@@ -65,7 +65,8 @@ std::string NumberText(double value) {
 
 std::size_t LineEnd(std::vector<TextRun> const& runs, std::size_t first) {
     std::size_t end = first;
-    while (end < runs.size() && runs[end].line == runs[first].line) ++end;
+    while (end < runs.size() && runs[end].line == runs[first].line)
+        ++end;
     return end;
 }
 
@@ -128,7 +129,8 @@ void SvgPainter::EndItem() {
 
 std::string SvgPainter::UniqueId(std::string_view itemId) {
     std::string id = "item-";
-    for (char c : itemId) id += IsNameCharacter(c) ? c : '_';
+    for (char c : itemId)
+        id += IsNameCharacter(c) ? c : '_';
     // Numbers are separated by ':', which no id above contains, so they can't meet another id.
     unsigned const earlier = usedIds_[id]++;
     if (earlier > 0) id += ":" + std::to_string(earlier + 1);
@@ -186,7 +188,8 @@ void SvgPainter::Arc(dg::DPoint2D const& centre, double radius, double start, do
         return;
     }
     std::string path = "M";
-    AppendPair(path, X(centre.x + radius * std::cos(start)), Y(centre.y + radius * std::sin(start)));
+    AppendPair(path, X(centre.x + radius * std::cos(start)),
+               Y(centre.y + radius * std::sin(start)));
     path += 'A';
     AppendPair(path, radius, radius);
     // With y down a counter-clockwise arc runs in the direction that SVG calls negative.
@@ -287,8 +290,8 @@ void SvgPainter::Picture(PaintedPicture const& picture) {
     dg::DPoint2D const origin = picture.matrix * dg::DPoint2D(0, 0);
     dg::DVec2 const right = picture.matrix * dg::DVec2(1, 0);
     dg::DVec2 const up = picture.matrix * dg::DVec2(0, 1);
-    double const numbers[] = {right.x, -right.y, -up.x, up.y, X(origin.x + up.x),
-                              Y(origin.y + up.y)};
+    double const numbers[] = {right.x, -right.y,           -up.x,
+                              up.y,    X(origin.x + up.x), Y(origin.y + up.y)};
     std::string transform = "matrix(";
     for (double number : numbers) {
         if (!std::isfinite(number)) return;

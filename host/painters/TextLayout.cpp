@@ -97,8 +97,7 @@ public:
         if (group == Group::SUBSCRIPT) state.y -= SUBSCRIPT_DROP * state.height;
         if (group == Group::SUPERSCRIPT) state.y += SUPERSCRIPT_RISE * state.height;
         if (group == Group::SUBSCRIPT || group == Group::SUPERSCRIPT) {
-            state.height =
-                std::max(state.height * SCRIPT_SIZE, SMALLEST_SCRIPT * style_.height);
+            state.height = std::max(state.height * SCRIPT_SIZE, SMALLEST_SCRIPT * style_.height);
         }
         states_.push_back(state);
     }
@@ -143,9 +142,9 @@ private:
     struct State {
         Group group;
         double height;
-        double y;      // of the baseline, relative to that of the line
-        double start;  // x where the group began on this line
-        unsigned bars; // overbars around the text
+        double y;       // of the baseline, relative to that of the line
+        double start;   // x where the group began on this line
+        unsigned bars;  // overbars around the text
     };
 
     void Flush() {
@@ -163,10 +162,12 @@ private:
     // The innermost of nested bars is the lowest, so the outer ones are told by their depth.
     void CloseBar(State const& state) {
         if (state.group != Group::OVERBAR || x_ <= state.start) return;
-        double const step = OVERBAR_STEP * (deepestBar_ > state.bars ? deepestBar_ - state.bars : 0);
+        double const step =
+            OVERBAR_STEP * (deepestBar_ > state.bars ? deepestBar_ - state.bars : 0);
         deepestBar_ = std::max(deepestBar_, state.bars);
         if (state.bars == 1) deepestBar_ = 0;
-        layout_.overbars.push_back({state.start, x_, state.y + state.height * (OVERBAR_HEIGHT + step),
+        layout_.overbars.push_back({state.start, x_,
+                                    state.y + state.height * (OVERBAR_HEIGHT + step),
                                     state.height * OVERBAR_THICKNESS});
         barLines_.push_back(line_);
     }
@@ -223,7 +224,8 @@ TextLayout LayOutText(std::wstring_view text, bool markup, HorizontalAlignment h
     if (markup) {
         ComposeMarkup(text, composer);
     } else {
-        for (wchar_t c : text) composer.Put(c);
+        for (wchar_t c : text)
+            composer.Put(c);
     }
     return composer.Finish(horizontal, vertical);
 }

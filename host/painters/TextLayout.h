@@ -1,4 +1,5 @@
-// Where the pieces of a text go: lines, mark-up, alignment, overbars. The one home of text geometry.
+// Where the pieces of a text go: lines, mark-up, alignment, overbars. The one home of text
+// geometry.
 #pragma once
 
 #include <string>

@@ -50,14 +50,22 @@ bool IsAllowed(char32_t c) {
 
 std::string_view Entity(char32_t c, bool attribute) {
     switch (c) {
-        case U'&': return "&amp;";
-        case U'<': return "&lt;";
-        case U'>': return "&gt;";
-        case U'"': return attribute ? "&quot;" : "";
-        case U'\n': return attribute ? "&#10;" : "";
-        case U'\t': return attribute ? "&#9;" : "";
-        case U'\r': return "&#13;";
-        default: return "";
+        case U'&':
+            return "&amp;";
+        case U'<':
+            return "&lt;";
+        case U'>':
+            return "&gt;";
+        case U'"':
+            return attribute ? "&quot;" : "";
+        case U'\n':
+            return attribute ? "&#10;" : "";
+        case U'\t':
+            return attribute ? "&#9;" : "";
+        case U'\r':
+            return "&#13;";
+        default:
+            return "";
     }
 }
 
@@ -128,7 +136,8 @@ void XmlWriter::End() {
 }
 
 std::string XmlWriter::Take() {
-    while (!open_.empty()) End();
+    while (!open_.empty())
+        End();
     return std::move(out_);
 }
 

@@ -1,6 +1,5 @@
 #include <session/Inventory.h>
 
-#include <algorithm>
 #include <figk/BaseBlockInstance.h>
 #include <figk/ConnectorInstance.h>
 #include <figk/Design.h>
@@ -29,11 +28,12 @@
 #include <figrep/TextGraphic.h>
 #include <figrep/TitleBlock.h>
 #include <figrep/UnroutedConnection.h>
+#include <zvk/ReadWriteLock.h>
+#include <algorithm>
 #include <set>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
-#include <zvk/ReadWriteLock.h>
 
 namespace fighost {
 
@@ -63,13 +63,15 @@ std::vector<std::string> SheetsOf(figk::Net const& net, SheetOrder const& order,
         auto const found = order.find(sheet.Get());
         if (found != order.end()) places.insert(found->second);
     };
-    for (auto const& subNet : net.GetSubNets()) add(subNet->GetSheet());
+    for (auto const& subNet : net.GetSubNets())
+        add(subNet->GetSheet());
     for (auto const& pin : net.GetConnectorInstances()) {
         SmartPtr<figk::BaseBlockInstance> const block = pin->GetBlockInstance();
         if (block) add(block->GetSheet());
     }
     std::vector<std::string> paths;
-    for (std::size_t place : places) paths.push_back(sheets[place].path);
+    for (std::size_t place : places)
+        paths.push_back(sheets[place].path);
     return paths;
 }
 
@@ -79,9 +81,9 @@ class ItemVisitor : public figrep::AbstractFigureVisitor {
 public:
     explicit ItemVisitor(Take take) : take_(std::move(take)) {}
 
-#define FIGHOST_TAKE(Class)                                     \
+#define FIGHOST_TAKE(Class)                                    \
     bool Visit(SmartPtr<figrep::Class> const& item) override { \
-        return Pass(item);                                      \
+        return Pass(item);                                     \
     }
     FIGHOST_TAKE(BlockInstance)
     FIGHOST_TAKE(CableInstance)
@@ -129,7 +131,8 @@ std::vector<NetEntry> ListNets(Session const& session) {
     zvk::ReadGuard const guard(figk::SchematicKernel::GetKernelLock());
     std::vector<SessionSheet> const& sheets = session.GetSheets();
     SheetOrder order;
-    for (std::size_t i = 0; i < sheets.size(); ++i) order[sheets[i].record.Get()] = i;
+    for (std::size_t i = 0; i < sheets.size(); ++i)
+        order[sheets[i].record.Get()] = i;
     std::vector<NetEntry> entries;
     for (auto const& net : session.GetDesign()->GetNets()) {
         NetEntry entry;
@@ -174,13 +177,15 @@ std::vector<PortEntry> ListPorts(Session const& session) {
         }
     }
     std::vector<PortEntry> list;
-    for (auto& [id, entry] : ports) list.push_back(std::move(entry));
+    for (auto& [id, entry] : ports)
+        list.push_back(std::move(entry));
     return list;
 }
 
 std::map<std::string, std::size_t> CountItems(std::vector<ItemEntry> const& items) {
     std::map<std::string, std::size_t> counts;
-    for (ItemEntry const& item : items) ++counts[item.type];
+    for (ItemEntry const& item : items)
+        ++counts[item.type];
     return counts;
 }
 
@@ -193,7 +198,8 @@ std::size_t CountCrossings(Session const& session) {
             if (!segment) return;
             std::vector<SmartPtr<figrep::CrossingPoint>> crossings;
             segment->GetCrossingPoints(crossings);
-            for (auto const& crossing : crossings) seen.insert(crossing.Get());
+            for (auto const& crossing : crossings)
+                seen.insert(crossing.Get());
         });
         count += seen.size();
     }

@@ -36,15 +36,24 @@ SmartPtr<figkernel::SchematicKernel> Kernel() {
 char const* KindName(figkernel::BuildFinding::Kind kind) {
     using figkernel::BuildFinding;
     switch (kind) {
-        case BuildFinding::BAD_INDEX: return "build-bad-index";
-        case BuildFinding::BAD_POINT: return "build-bad-point";
-        case BuildFinding::NO_LENGTH: return "build-no-length";
-        case BuildFinding::COVERED: return "build-covered";
-        case BuildFinding::LOST_TAP: return "build-lost-tap";
-        case BuildFinding::FOREIGN_NET: return "build-foreign-net";
-        case BuildFinding::DUPLICATE_ID: return "build-duplicate-id";
-        case BuildFinding::BAD_NESTING: return "build-bad-nesting";
-        case BuildFinding::DEEP_GROUP: return "build-deep-group";
+        case BuildFinding::BAD_INDEX:
+            return "build-bad-index";
+        case BuildFinding::BAD_POINT:
+            return "build-bad-point";
+        case BuildFinding::NO_LENGTH:
+            return "build-no-length";
+        case BuildFinding::COVERED:
+            return "build-covered";
+        case BuildFinding::LOST_TAP:
+            return "build-lost-tap";
+        case BuildFinding::FOREIGN_NET:
+            return "build-foreign-net";
+        case BuildFinding::DUPLICATE_ID:
+            return "build-duplicate-id";
+        case BuildFinding::BAD_NESTING:
+            return "build-bad-nesting";
+        case BuildFinding::DEEP_GROUP:
+            return "build-deep-group";
     }
     return "build";
 }
@@ -77,7 +86,8 @@ public:
         // After the walk: entering a node can turn trees, which nobody may do under a walk.
         figure_->Accept(*this);
         auto const record = figrep::SchematicRepresentation::GetSingleton();
-        for (auto const& node : nodes_) record->PortNodeAddFigureDetail(node, figure_);
+        for (auto const& node : nodes_)
+            record->PortNodeAddFigureDetail(node, figure_);
     }
 
 private:
@@ -121,8 +131,10 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
         sheets_.back().path = source.sheets[i].path;
     }
     // All figures must be there before ports are entered: a port looks for the others.
-    for (SessionSheet const& sheet : sheets_) PortRegistrar(sheet.figure).Register();
-    for (SessionSheet const& sheet : sheets_) sheet.figure->UpdateContent();
+    for (SessionSheet const& sheet : sheets_)
+        PortRegistrar(sheet.figure).Register();
+    for (SessionSheet const& sheet : sheets_)
+        sheet.figure->UpdateContent();
     return true;
 }
 
@@ -144,7 +156,8 @@ void Session::AddSheet(SmartPtr<figk::Sheet> const& record, SessionOptions const
 
 Session::~Session() {
     auto const record = figrep::SchematicRepresentation::GetSingleton();
-    for (SessionSheet const& sheet : sheets_) record->RemoveFigure(sheet.figure);
+    for (SessionSheet const& sheet : sheets_)
+        record->RemoveFigure(sheet.figure);
     sheets_.clear();
     if (design_) Kernel()->RemoveDesign(design_);
 }

@@ -19,10 +19,12 @@ bool IsContinuation(char c) {
 
 std::string Safe(std::string_view name) {
     std::string safe;
-    for (char c : name) safe += IsSafe(static_cast<unsigned char>(c)) ? c : '_';
+    for (char c : name)
+        safe += IsSafe(static_cast<unsigned char>(c)) ? c : '_';
     if (safe.size() > MAXIMUM_LENGTH) {
         std::size_t end = MAXIMUM_LENGTH;
-        while (end > 0 && IsContinuation(safe[end])) --end;
+        while (end > 0 && IsContinuation(safe[end]))
+            --end;
         safe.resize(end);
     }
     // A leading dot would hide the file, or climb to another folder.

@@ -47,7 +47,8 @@ std::wstring TextOf(Section& section) {
     std::vector<Section::TextSegment> segments;
     section.GetText(segments);
     std::string text;
-    for (Section::TextSegment const& segment : segments) text += segment.text;
+    for (Section::TextSegment const& segment : segments)
+        text += segment.text;
     return du::Utf8ToWideStr(text);
 }
 
@@ -56,8 +57,8 @@ Row MakeRow(SmartPtr<Section> const& section) {
     TextStyle style;
     style.height = section->GetFontSize();
     style.bold = section->GetBold();
-    row.width = LayOutText(row.text, true, HorizontalAlignment::LEFT, VerticalAlignment::TOP, style)
-                    .width;
+    row.width =
+        LayOutText(row.text, true, HorizontalAlignment::LEFT, VerticalAlignment::TOP, style).width;
     auto const lineBreaks = std::count(row.text.begin(), row.text.end(), L'\n');
     double const lines = style.height * (1 + static_cast<double>(lineBreaks) * LINE_PITCH);
     row.height = lines + 2 * section->GetSpacing();
@@ -96,7 +97,8 @@ Layout LayOut(figrep::TitleBlock const& block) {
 
 SmartPtr<zv2d::Instance> InstanceOf(std::vector<du::ConstSmartPtr<zv2d::Entity>> const& entities) {
     SmartPtr<zv2d::Definition> const definition(new zv2d::Definition());
-    for (auto const& entity : entities) definition->Add(entity);
+    for (auto const& entity : entities)
+        definition->Add(entity);
     return new zv2d::Instance(definition);
 }
 
@@ -138,10 +140,10 @@ void DrawRow(SmartPtr<figrep::TitleBlock> const& block, Row const& row, dg::DBox
                                       : box[2] - inside;
     attrs::TextAttr const look(du::Symbol::EMPTY, static_cast<float>(row.section->GetFontSize()),
                                row.section->GetBold(), row.section->GetItalic());
-    SmartPtr<zv2d::Text> const text(new zv2d::Text(
-        {x, top - row.section->GetSpacing()}, row.text, true,
-        static_cast<zv2d::Text::Alignment>(zv2d::Text::TOP_LEFT + alignment), true,
-        zv2d::Attributes::Get(zv2d::Attributes(look))));
+    SmartPtr<zv2d::Text> const text(
+        new zv2d::Text({x, top - row.section->GetSpacing()}, row.text, true,
+                       static_cast<zv2d::Text::Alignment>(zv2d::Text::TOP_LEFT + alignment), true,
+                       zv2d::Attributes::Get(zv2d::Attributes(look))));
     SmartPtr<figrep::TextGraphic> const graphic =
         figrep::TextGraphic::Create(block->GetLock(), InstanceOf({text}), block);
     graphic->AddSetting(ColorSetting(row.section->GetFontColor()), false);

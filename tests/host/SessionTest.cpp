@@ -42,7 +42,8 @@ TEST(SheetFileNames, EqualNamesGetNumbersWhateverTheirCase) {
 
 TEST(SheetFileNames, LongNamesAreCutBetweenCharacters) {
     std::string name;
-    for (int i = 0; i < 200; ++i) name += "\xC3\xA9";
+    for (int i = 0; i < 200; ++i)
+        name += "\xC3\xA9";
     std::string const cut = SheetFileNames().Next(name);
     EXPECT_LE(cut.size(), 120u);
     EXPECT_EQ(cut.size() % 2, 0u);
@@ -65,7 +66,8 @@ TEST(Session, ExampleHasAFigureForEachSheetInstance) {
     auto const session = OpenExample();
     ASSERT_TRUE(session);
     std::vector<std::string> paths;
-    for (SessionSheet const& sheet : session->GetSheets()) paths.push_back(sheet.path);
+    for (SessionSheet const& sheet : session->GetSheets())
+        paths.push_back(sheet.path);
     EXPECT_EQ(paths, (std::vector<std::string>{"/", "/Power/", "/Controller/", "/Sensor indoors/",
                                                "/Sensor outdoors/", "/Display/"}));
     EXPECT_EQ(session->GetFindings().GetWarningCount(), 0u);
@@ -116,7 +118,8 @@ TEST(Session, ItemsAreListedOnceAndCounted) {
     std::vector<ItemEntry> const items = ListItems(*session);
     std::map<std::string, std::size_t> const counts = CountItems(items);
     std::size_t sum = 0;
-    for (auto const& [type, count] : counts) sum += count;
+    for (auto const& [type, count] : counts)
+        sum += count;
     EXPECT_EQ(sum, items.size());
     EXPECT_GT(counts.at("BlockInstance"), 50u);
     EXPECT_GT(counts.at("HighwaySegment"), 0u);

@@ -14,7 +14,8 @@ public:
     XmlDocument Run() {
         CheckCharacters();
         if (Starts("<?xml ")) Skip(text_.find("?>", at_) + 2 - at_);
-        while (Good() && at_ < text_.size()) Step();
+        while (Good() && at_ < text_.size())
+            Step();
         if (Good() && !open_.empty()) Mistake("unclosed element");
         if (Good() && roots_ != 1) Mistake("not exactly one root");
         return std::move(document_);
@@ -34,9 +35,12 @@ private:
             auto const c = static_cast<unsigned char>(raw);
             bool const continuation = (c & 0xC0) == 0x80;
             if ((pending > 0) != continuation) return Mistake("invalid UTF-8");
-            if (continuation) --pending;
-            else pending = c < 0x80 ? 0 : c < 0xE0 ? 1 : c < 0xF0 ? 2 : 3;
-            if (c < 0x20 && c != '\n' && c != '\t' && c != '\r') return Mistake("control character");
+            if (continuation)
+                --pending;
+            else
+                pending = c < 0x80 ? 0 : c < 0xE0 ? 1 : c < 0xF0 ? 2 : 3;
+            if (c < 0x20 && c != '\n' && c != '\t' && c != '\r')
+                return Mistake("control character");
         }
         if (pending > 0) Mistake("invalid UTF-8");
     }
@@ -48,14 +52,18 @@ private:
         std::string const content = Resolve(text_.substr(at_, end - at_));
         bool const blank = content.find_first_not_of(" \t\r\n") == std::string::npos;
         if (open_.empty() && !blank) Mistake("text outside the root");
-        for (std::size_t element : open_) document_.elements[element].text += content;
+        for (std::size_t element : open_)
+            document_.elements[element].text += content;
         at_ = end;
     }
 
     std::string Name() {
         std::size_t const begin = at_;
-        auto part = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == ':' || c == '-' || c == '_'; };
-        while (at_ < text_.size() && part(text_[at_])) ++at_;
+        auto part = [](char c) {
+            return std::isalnum(static_cast<unsigned char>(c)) || c == ':' || c == '-' || c == '_';
+        };
+        while (at_ < text_.size() && part(text_[at_]))
+            ++at_;
         if (begin == at_) Mistake("name expected");
         return std::string(text_.substr(begin, at_ - begin));
     }
@@ -65,7 +73,8 @@ private:
         XmlElement element;
         element.name = Name();
         element.depth = open_.size();
-        while (Good() && Starts(" ")) Attribute(element);
+        while (Good() && Starts(" "))
+            Attribute(element);
         bool const empty = Starts("/>");
         if (!empty && !Starts(">")) return Mistake("'>' expected");
         Skip(empty ? 2 : 1);
@@ -100,8 +109,8 @@ private:
 
     std::string Resolve(std::string_view raw) {
         static std::map<std::string_view, char> const KNOWN = {
-            {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''},
-            {"#10", '\n'}, {"#9", '\t'}, {"#13", '\r'}};
+            {"amp", '&'},   {"lt", '<'},   {"gt", '>'},  {"quot", '"'},
+            {"apos", '\''}, {"#10", '\n'}, {"#9", '\t'}, {"#13", '\r'}};
         std::string resolved;
         for (std::size_t i = 0; i < raw.size(); ++i) {
             if (raw[i] != '&') {

@@ -10,8 +10,7 @@ namespace {
 
 using nlohmann::json;
 
-std::string const EXAMPLE =
-    FIGREP_SOURCE_DIR "/examples/weather-station/weather-station.kicad_sch";
+std::string const EXAMPLE = FIGREP_SOURCE_DIR "/examples/weather-station/weather-station.kicad_sch";
 
 Outcome Figrep(std::vector<std::string> const& arguments, std::string const& input = {}) {
     return RunProgram("figrep", arguments, input);
@@ -32,9 +31,14 @@ TEST(Program, VersionAndHelpAreNoErrors) {
 
 TEST(Program, WrongUsageExitsWithOneAndPrintsNoData) {
     for (std::vector<std::string> const& arguments :
-         {std::vector<std::string>{}, {"nonsense"}, {"render", EXAMPLE}, {"info"},
-          {"list", "colours", EXAMPLE}, {"info", EXAMPLE, "--sparkle"},
-          {"render", EXAMPLE, "-o", "x.bmp"}, {"render", EXAMPLE, "-o", "x.svg", "--crossings", "y"},
+         {std::vector<std::string>{},
+          {"nonsense"},
+          {"render", EXAMPLE},
+          {"info"},
+          {"list", "colours", EXAMPLE},
+          {"info", EXAMPLE, "--sparkle"},
+          {"render", EXAMPLE, "-o", "x.bmp"},
+          {"render", EXAMPLE, "-o", "x.svg", "--crossings", "y"},
           {"render", EXAMPLE, "-o", "-", "--background", "blurple"},
           {"render", EXAMPLE, "-o", "-", "--sheet", "no such sheet"}}) {
         Outcome const outcome = Figrep(arguments);
@@ -82,7 +86,8 @@ TEST(Program, UnwritableOutputExitsWithFourAndLeavesNothing) {
 }
 
 TEST(Program, FullDeviceExitsWithFour) {
-    EXPECT_EQ(Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "/dev/full", "--format", "svg"}).code, 4);
+    EXPECT_EQ(
+        Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "/dev/full", "--format", "svg"}).code, 4);
 }
 
 TEST(Program, EverySheetBecomesAWellFormedPicture) {
@@ -107,7 +112,8 @@ TEST(Program, PictureHoldsTheDrawingsTextsAndNets) {
     XmlDocument const document = CheckXml(outcome.out);
     ASSERT_EQ(document.mistake, "");
     std::vector<std::string> texts;
-    for (XmlElement const& text : document.Named("text")) texts.push_back(text.text);
+    for (XmlElement const& text : document.Named("text"))
+        texts.push_back(text.text);
     for (char const* expected : {"U2", "MC328-P", "XTAL1", "D0", "BACKLIGHT", "UART_TX", "RESET"}) {
         EXPECT_NE(std::find(texts.begin(), texts.end(), expected), texts.end()) << expected;
     }
@@ -168,13 +174,15 @@ TEST(Program, InfoCountsWhatTheListsHold) {
     json const items = json::parse(Figrep({"list", "items", EXAMPLE, "--json"}).out);
     json const nets = json::parse(Figrep({"list", "nets", EXAMPLE, "--json"}).out);
     std::size_t sum = 0;
-    for (auto const& [type, count] : info.at("items").items()) sum += count.get<std::size_t>();
+    for (auto const& [type, count] : info.at("items").items())
+        sum += count.get<std::size_t>();
     EXPECT_EQ(sum, items.size());
     EXPECT_EQ(info.at("nets"), nets.size());
     EXPECT_EQ(info.at("warnings"), 0);
     EXPECT_GE(info.at("crossings").get<int>(), 6);
     EXPECT_EQ(info.at("sheets").size(), 6u);
-    for (char const* key : {"id", "type", "name", "sheet"}) EXPECT_TRUE(items[0].contains(key));
+    for (char const* key : {"id", "type", "name", "sheet"})
+        EXPECT_TRUE(items[0].contains(key));
     for (char const* key : {"name", "pins", "sheets", "subnets"}) {
         EXPECT_TRUE(nets[0].contains(key));
     }

@@ -1,11 +1,11 @@
 #include <host/cli/RunProgram.h>
 
+#include <sys/wait.h>
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <sys/wait.h>
 
 namespace fighost::test {
 
@@ -13,7 +13,8 @@ namespace {
 
 std::string Quoted(std::string const& text) {
     std::string quoted = "'";
-    for (char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    for (char c : text)
+        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
     return quoted + "'";
 }
 
@@ -24,7 +25,8 @@ Outcome RunProgram(std::string const& name, std::vector<std::string> const& argu
     TemporaryFolder folder;
     WriteFile(folder.Path("in"), input);
     std::string command = Quoted(FIGREP_BINARY_DIR "/bin/" + name);
-    for (std::string const& argument : arguments) command += " " + Quoted(argument);
+    for (std::string const& argument : arguments)
+        command += " " + Quoted(argument);
     command += " <" + Quoted(folder.Path("in")) + " >" + Quoted(folder.Path("out")) + " 2>" +
                Quoted(folder.Path("err"));
     int const status = std::system(command.c_str());

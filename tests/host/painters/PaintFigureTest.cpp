@@ -14,8 +14,6 @@
 #include <figrep/SubNet.h>
 #include <gtest/gtest.h>
 #include <host/XmlChecker.h>
-#include <map>
-#include <numbers>
 #include <painters/EntityPainter.h>
 #include <painters/SvgPainter.h>
 #include <zv2d/Attributes.h>
@@ -25,6 +23,8 @@
 #include <zv2d/LineAttributes.h>
 #include <zv2d/TexPolyline.h>
 #include <zv2d/Text.h>
+#include <map>
+#include <numbers>
 
 namespace fighost {
 namespace {
@@ -64,7 +64,9 @@ public:
     void Text(PaintedText const& text) override {
         shapes.push_back({current, "text", {text.anchor}, {}, text});
     }
-    void Picture(PaintedPicture const&) override { shapes.push_back({current, "picture", {}, {}, {}}); }
+    void Picture(PaintedPicture const&) override {
+        shapes.push_back({current, "picture", {}, {}, {}});
+    }
 
     std::vector<Shape> Of(std::string const& kind) const {
         std::vector<Shape> found;
@@ -98,9 +100,9 @@ SmartPtr<zv2d::Instance> LineShape(std::vector<dg::DPoint2D> points,
 
 SmartPtr<zv2d::Instance> TextShape(std::wstring words, zv2d::Text::Alignment alignment,
                                    dg::DMat33 const& matrix = {}, bool upright = true) {
-    return Shape(SmartPtr<zv2d::Text>(
-                     new zv2d::Text({0, 0}, std::move(words), upright, alignment, true)),
-                 matrix);
+    return Shape(
+        SmartPtr<zv2d::Text>(new zv2d::Text({0, 0}, std::move(words), upright, alignment, true)),
+        matrix);
 }
 
 figkernel::GraphicSource Graphic(char const* id, SmartPtr<zv2d::Instance> const& instance) {
@@ -226,8 +228,8 @@ TEST_F(PaintFigureTest, FilledEntityWithoutWidthHasNoOutline) {
     du::ConstSmartPtr<zv2d::LineAttributes> const line(new zv2d::LineAttributes(none));
     du::ConstSmartPtr<attrs::FillAttr> const fill(
         new attrs::FillAttr(attrs::FillAttr::BODY, dg::Color::YELLOW));
-    AddFree(LineShape({{0, 0}, {1, 0}, {1, 1}},
-                      zv2d::Attributes::Get(zv2d::Attributes(line, fill))));
+    AddFree(
+        LineShape({{0, 0}, {1, 0}, {1, 1}}, zv2d::Attributes::Get(zv2d::Attributes(line, fill))));
     AddFree(LineShape({{0, 0}, {1, 0}}, zv2d::Attributes::Get(zv2d::Attributes(line))));
     auto const lines = Painted().Of("line");
     EXPECT_EQ(lines.at(0).paint.stroke.width, 0);
@@ -350,8 +352,7 @@ TEST_F(PaintFigureTest, VerticalTextReadsFromBelow) {
 }
 
 TEST_F(PaintFigureTest, MirroredTextKeepsItsPlaceAndStaysReadable) {
-    PaintedText const text =
-        PaintedTextWith(dg::DMat33::Scale(-1, 1), zv2d::Text::BOTTOM_LEFT);
+    PaintedText const text = PaintedTextWith(dg::DMat33::Scale(-1, 1), zv2d::Text::BOTTOM_LEFT);
     EXPECT_NEAR(text.angle, 0, 1e-9);
     EXPECT_NEAR(text.layout.runs.at(0).x + text.layout.runs.at(0).width, 0, 1e-9)
         << "what ran to the right of the anchor now ends there";
@@ -380,7 +381,9 @@ TEST_F(PaintFigureTest, StretchedCircleBecomesAnEllipse) {
     RecordingPainter const painter = Painted();
     EXPECT_TRUE(painter.Of("arc").empty());
     dg::DBox2D box;
-    for (dg::DPoint2D const& point : painter.Of("line").at(0).points) box.Enclose(point);
+    auto const lines = painter.Of("line");
+    for (dg::DPoint2D const& point : lines.at(0).points)
+        box.Enclose(point);
     EXPECT_NEAR(box[2], 3, 1e-2);
     EXPECT_NEAR(box[3], 1, 1e-2);
 }

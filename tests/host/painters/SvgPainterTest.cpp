@@ -1,8 +1,8 @@
 #include <painters/SvgPainter.h>
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <host/XmlChecker.h>
+#include <cmath>
 #include <limits>
 #include <numbers>
 
@@ -31,8 +31,8 @@ PaintedText Text(std::wstring_view words, dg::DPoint2D const& anchor, double ang
     text.anchor = anchor;
     text.angle = angle;
     text.style.height = 1.27;
-    text.layout = LayOutText(words, true, HorizontalAlignment::LEFT, VerticalAlignment::BOTTOM,
-                             text.style);
+    text.layout =
+        LayOutText(words, true, HorizontalAlignment::LEFT, VerticalAlignment::BOTTOM, text.style);
     return text;
 }
 
@@ -62,32 +62,37 @@ TEST(SvgPainter, SheetIsMeasuredInMillimetres) {
 }
 
 TEST(SvgPainter, YIsFlippedOnceAndTheBoxBecomesTheOrigin) {
-    XmlDocument const document =
-        Painted([](SvgPainter& p) { p.Polyline({{10, -20}, {30, -20}}, false, Line()); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Polyline({{10, -20}, {30, -20}}, false, Line());
+    });
     EXPECT_EQ(document.Named("path").at(0).attributes.at("d"), "M10 20L30 20");
 }
 
 TEST(SvgPainter, ClosedPolylineEndsWhereItBegan) {
-    XmlDocument const document =
-        Painted([](SvgPainter& p) { p.Polyline({{0, 0}, {1, 0}, {1, -1}}, true, Line()); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Polyline({{0, 0}, {1, 0}, {1, -1}}, true, Line());
+    });
     EXPECT_EQ(document.Named("path").at(0).attributes.at("d"), "M0 0L1 0L1 1Z");
 }
 
 TEST(SvgPainter, CounterClockwiseArcBulgesUpward) {
-    XmlDocument const document = Painted(
-        [](SvgPainter& p) { p.Arc({10, -10}, 2, 0, std::numbers::pi, Line()); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Arc({10, -10}, 2, 0, std::numbers::pi, Line());
+    });
     EXPECT_EQ(document.Named("path").at(0).attributes.at("d"), "M12 10A2 2 0 0 0 8 10");
 }
 
 TEST(SvgPainter, MoreThanHalfATurnIsALargeArc) {
-    XmlDocument const document = Painted(
-        [](SvgPainter& p) { p.Arc({0, 0}, 1, 0, 1.5 * std::numbers::pi, Line()); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Arc({0, 0}, 1, 0, 1.5 * std::numbers::pi, Line());
+    });
     EXPECT_NE(document.Named("path").at(0).attributes.at("d").find(" 0 1 0 "), std::string::npos);
 }
 
 TEST(SvgPainter, FullTurnIsACircle) {
-    XmlDocument const document = Painted(
-        [](SvgPainter& p) { p.Arc({5, -5}, 1, 0, 2 * std::numbers::pi, Line()); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Arc({5, -5}, 1, 0, 2 * std::numbers::pi, Line());
+    });
     EXPECT_EQ(document.Named("circle").at(0).attributes.at("r"), "1");
 }
 
@@ -142,8 +147,9 @@ TEST(SvgPainter, TextStaysText) {
 }
 
 TEST(SvgPainter, MarkupBecomesSpansInOneTextAndALineAbove) {
-    XmlDocument const document =
-        Painted([](SvgPainter& p) { p.Text(Text(L"~{RST}_{n}", {0, 0})); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Text(Text(L"~{RST}_{n}", {0, 0}));
+    });
     ASSERT_EQ(document.Named("text").size(), 1u);
     EXPECT_EQ(document.Named("text")[0].text, "RSTn");
     EXPECT_EQ(document.Named("tspan").size(), 2u);
@@ -151,8 +157,9 @@ TEST(SvgPainter, MarkupBecomesSpansInOneTextAndALineAbove) {
 }
 
 TEST(SvgPainter, TurnedTextIsTurnedTheOtherWayWithYDown) {
-    XmlDocument const document = Painted(
-        [](SvgPainter& p) { p.Text(Text(L"a", {3, -4}, std::numbers::pi / 2)); });
+    XmlDocument const document = Painted([](SvgPainter& p) {
+        p.Text(Text(L"a", {3, -4}, std::numbers::pi / 2));
+    });
     EXPECT_EQ(document.Named("g").at(0).attributes.at("transform"), "translate(3 4) rotate(-90)");
 }
 
@@ -174,8 +181,9 @@ TEST(SvgPainter, SpacesThatCountAreKept) {
 TEST(SvgPainter, FillAndOpacityAreWritten) {
     Paint paint = Line();
     paint.fill = {true, dg::Color(1, 0, 0, 0.5F)};
-    XmlDocument const document =
-        Painted([&](SvgPainter& p) { p.Polyline({{0, 0}, {1, 0}, {1, 1}}, true, paint); });
+    XmlDocument const document = Painted([&](SvgPainter& p) {
+        p.Polyline({{0, 0}, {1, 0}, {1, 1}}, true, paint);
+    });
     XmlElement const path = document.Named("path").at(0);
     EXPECT_EQ(path.attributes.at("fill"), "#ff0000");
     EXPECT_EQ(path.attributes.at("fill-opacity"), "0.5");
@@ -184,16 +192,18 @@ TEST(SvgPainter, FillAndOpacityAreWritten) {
 TEST(SvgPainter, DashesAreWritten) {
     Paint paint = Line();
     paint.stroke.dashes = {1.5, 0.5};
-    XmlDocument const document =
-        Painted([&](SvgPainter& p) { p.Polyline({{0, 0}, {1, 0}}, false, paint); });
+    XmlDocument const document = Painted([&](SvgPainter& p) {
+        p.Polyline({{0, 0}, {1, 0}}, false, paint);
+    });
     EXPECT_EQ(document.Named("path").at(0).attributes.at("stroke-dasharray"), "1.5 0.5");
 }
 
 TEST(SvgPainter, PictureIsEmbeddedUpright) {
     dg::DMat33 matrix = dg::DMat33::Scale(10, 20);
     matrix.SetTranslation({1, -50});
-    XmlDocument const document =
-        Painted([&](SvgPainter& p) { p.Picture({matrix, "image/png", "\x89PNG"}); });
+    XmlDocument const document = Painted([&](SvgPainter& p) {
+        p.Picture({matrix, "image/png", "\x89PNG"});
+    });
     XmlElement const image = document.Named("image").at(0);
     EXPECT_EQ(image.attributes.at("href"), "data:image/png;base64,iVBORw==");
     EXPECT_EQ(image.attributes.at("transform"), "matrix(10 0 0 20 1 30)");

@@ -73,7 +73,8 @@ TEST(TextLayout, MarkupIsLiteralWhenNotAskedFor) {
 TEST(TextLayout, UnclosedGroupIsLiteral) {
     TextLayout const layout = LayOut(L"~{A_{b}");
     std::string all;
-    for (TextRun const& run : layout.runs) all += run.text;
+    for (TextRun const& run : layout.runs)
+        all += run.text;
     EXPECT_EQ(all, "~{Ab");
     EXPECT_TRUE(layout.overbars.empty());
 }
@@ -81,15 +82,18 @@ TEST(TextLayout, UnclosedGroupIsLiteral) {
 TEST(TextLayout, BracesWithoutMarkerAreLiteral) {
     TextLayout const layout = LayOut(L"D{0}~{X{1}}");
     std::string all;
-    for (TextRun const& run : layout.runs) all += run.text;
+    for (TextRun const& run : layout.runs)
+        all += run.text;
     EXPECT_EQ(all, "D{0}X{1}");
 }
 
 TEST(TextLayout, DeepNestingNeitherOverflowsNorVanishes) {
     std::wstring text;
-    for (int i = 0; i < 100000; ++i) text += L"_{";
+    for (int i = 0; i < 100000; ++i)
+        text += L"_{";
     text += L"x";
-    for (int i = 0; i < 100000; ++i) text += L"}";
+    for (int i = 0; i < 100000; ++i)
+        text += L"}";
     TextLayout const layout = LayOut(text);
     ASSERT_EQ(layout.runs.size(), 1u);
     EXPECT_GT(layout.runs[0].height, 0.1);
@@ -98,7 +102,8 @@ TEST(TextLayout, DeepNestingNeitherOverflowsNorVanishes) {
 TEST(TextLayout, AlignmentShiftsEachLineByItsOwnWidth) {
     TextLayout const layout = LayOut(L"MMMM\nI", true, HorizontalAlignment::RIGHT);
     ASSERT_EQ(layout.runs.size(), 2u);
-    for (TextRun const& run : layout.runs) EXPECT_NEAR(run.x + run.width, 0, 1e-12);
+    for (TextRun const& run : layout.runs)
+        EXPECT_NEAR(run.x + run.width, 0, 1e-12);
     EXPECT_LT(layout.runs[0].x, layout.runs[1].x);
 }
 
@@ -126,7 +131,9 @@ TEST(TextLayout, MiddleCentresTheBlock) {
 }
 
 TEST(TextLayout, ControlCharactersAreLeftOutAndBadCodePointsReplaced) {
-    std::wstring text = L"a\x01" L"b\x7F";
+    std::wstring text =
+        L"a\x01"
+        L"b\x7F";
     text += static_cast<wchar_t>(0xD800);
     TextLayout const layout = LayOut(text);
     ASSERT_EQ(layout.runs.size(), 1u);
