@@ -2,6 +2,10 @@
 
 namespace fighost {
 
+Finding Finding::InFile(std::string file, std::string sentence) {
+    return {{std::move(file), 0, 0}, std::move(sentence)};
+}
+
 std::string Finding::ToString() const {
     std::string text = place.file;
     if (place.line != 0) {

@@ -23,6 +23,9 @@ struct Finding {
     Place place;
     std::string sentence;
 
+    /// About a file as a whole.
+    static Finding InFile(std::string file, std::string sentence);
+
     /// "file:line:column: sentence"; leaves out what is unknown.
     std::string ToString() const;
 };

@@ -50,15 +50,8 @@ private:
     /// Reads a file that was not asked for before; known files, good or bad, are remembered.
     std::optional<Finding> Load(std::string const& path) {
         if (loaded.find(path) != loaded.end()) return std::nullopt;
-        std::string bytes;
-        auto const status = source.Read(path, limits.fileBytes, bytes);
         auto file = std::make_unique<SheetFile>();
-        std::optional<Finding> error;
-        if (status == FileSource::Status::READ) {
-            error = ReadSheetFile(path, std::move(bytes), limits, findings, *file);
-        } else {
-            error = Finding{{path, 0, 0}, SentenceFor(status)};
-        }
+        auto const error = ReadInto(path, *file);
         if (error) {
             loaded[path] = {nullptr, *error};
             return error;
@@ -66,6 +59,15 @@ private:
         loaded[path] = {file.get(), {}};
         out.files.push_back(std::move(file));
         return std::nullopt;
+    }
+
+    std::optional<Finding> ReadInto(std::string const& path, SheetFile& file) {
+        std::string bytes;
+        auto const status = source.Read(path, limits.fileBytes, bytes);
+        if (status != FileSource::Status::READ) {
+            return Finding::InFile(path, SentenceFor(status));
+        }
+        return ReadSheetFile(path, std::move(bytes), limits, findings, file);
     }
 
     void AddRoot() {
@@ -89,7 +91,7 @@ private:
             SheetFile const& file = *out.sheets[at].file;
             std::size_t const number = out.sheets[at].children.size();
             if (number == 0 && (items += file.CountItems()) > limits.items) {
-                return Finding{{out.Root().path, 0, 0}, "The design has too many items"};
+                return Finding::InFile(out.Root().path, "The design has too many items");
             }
             if (number == file.sheets.size()) {
                 stack.pop_back();
@@ -99,7 +101,7 @@ private:
             out.sheets[at].missing.emplace_back();
             if (AddChild(at, number)) stack.push_back(out.sheets[at].children.back());
             if (out.sheets.size() > limits.sheets) {
-                return Finding{{out.Root().path, 0, 0}, "The design has too many sheets"};
+                return Finding::InFile(out.Root().path, "The design has too many sheets");
             }
         }
         return std::nullopt;

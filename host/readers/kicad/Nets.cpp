@@ -26,7 +26,7 @@ public:
         JoinByNames(out.sheets, hierarchy.Root().version, names);
         BusResolver resolver(hierarchy, limits, sets, names);
         if (!resolver.CollectNames(out.sheets)) {
-            return Finding{{hierarchy.Root().path, 0, 0}, "The buses have too many members"};
+            return Finding::InFile(hierarchy.Root().path, "The buses have too many members");
         }
         JoinThroughSheetPins(out.sheets, sets, findings);
         std::vector<BusGroup> groups = resolver.JoinMembers();

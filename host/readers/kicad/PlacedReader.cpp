@@ -1,4 +1,6 @@
+#include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "ItemReaders.h"
 
@@ -194,25 +196,46 @@ void ReadSeparators(NodeReader& reader, View list, Table& table) {
     if (View const node = list.Find("stroke")) table.lineStroke = reader.GetStroke(node);
 }
 
-int SixBits(char c) {
-    if (c >= 'A' && c <= 'Z') return c - 'A';
-    if (c >= 'a' && c <= 'z') return c - 'a' + 26;
-    if (c >= '0' && c <= '9') return c - '0' + 52;
-    return c == '+' ? 62 : c == '/' ? 63 : -1;
+constexpr std::uint8_t NO_DIGIT = 0xFF;
+
+constexpr std::array<std::uint8_t, 256> MakeDigits() {
+    constexpr std::string_view DIGITS =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::array<std::uint8_t, 256> values{};
+    for (auto& value : values)
+        value = NO_DIGIT;
+    for (std::size_t i = 0; i < DIGITS.size(); ++i) {
+        values[static_cast<unsigned char>(DIGITS[i])] = static_cast<std::uint8_t>(i);
+    }
+    return values;
 }
 
-/// Base64 in pieces; what is no digit is skipped.
-void AppendDecoded(std::string_view digits, unsigned& bits, unsigned& count, std::string& bytes) {
-    for (char const c : digits) {
-        int const value = SixBits(c);
-        if (value < 0) continue;
-        bits = (bits << 6 | static_cast<unsigned>(value)) & 0xFFFFFu;
-        count += 6;
-        if (count < 8) continue;
-        count -= 8;
-        bytes += static_cast<char>(static_cast<unsigned char>(bits >> count & 0xFFu));
+/// Decodes base64 that comes in pieces; what is no digit is skipped.
+class Base64Decoder {
+public:
+    explicit Base64Decoder(std::string& out) : bytes(out) {}
+
+    void Append(std::string_view digits) {
+        static constexpr std::array<std::uint8_t, 256> VALUES = MakeDigits();
+        std::size_t used = bytes.size();
+        bytes.resize(used + digits.size());  // more than enough
+        for (char const c : digits) {
+            std::uint8_t const value = VALUES[static_cast<unsigned char>(c)];
+            if (value == NO_DIGIT) continue;
+            bits = (bits << 6 | value) & 0xFFFFFu;
+            count += 6;
+            if (count < 8) continue;
+            count -= 8;
+            bytes[used++] = static_cast<char>(static_cast<unsigned char>(bits >> count & 0xFFu));
+        }
+        bytes.resize(used);
     }
-}
+
+private:
+    std::string& bytes;
+    unsigned bits = 0;
+    unsigned count = 0;
+};
 
 }  // namespace
 
@@ -292,11 +315,9 @@ Image ReadImage(NodeReader& reader, View list) {
         } else if (key == "uuid") {
             image.uuid = NodeReader::Text(child);
         } else if (key == "data") {
-            unsigned bits = 0;
-            unsigned count = 0;
-            for (View part = child.At(1); part; part = part.Next()) {
-                AppendDecoded(part.Raw(), bits, count, image.bytes);
-            }
+            Base64Decoder decoder(image.bytes);
+            for (View part = child.At(1); part; part = part.Next())
+                decoder.Append(part.Raw());
         } else if (key != "locked") {
             reader.WarnUnknown(child, "image");
         }

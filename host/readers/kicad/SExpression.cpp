@@ -144,7 +144,7 @@ std::optional<Finding> SExpression::Parse(std::string fileName, std::string text
     Clear();
     file = std::move(fileName);
     if (text.size() > std::min(limits.fileBytes, OFFSET_LIMIT)) {
-        return Finding{{file, 0, 0}, "The file is too large"};
+        return Finding::InFile(file, "The file is too large");
     }
     source = std::move(text);
     if (source.compare(0, 3, "\xEF\xBB\xBF") == 0) source.replace(0, 3, "   ");
