@@ -36,8 +36,9 @@ public:
     /// below the net. The flag suspends `PrePivot` of the net node, and stays on it.
     void Activate(bool suspendPrePivot);
     /// Opens the way to the net again. A highway that was headed by this node is turned back to
-    /// its own head.
-    void Deactivate();
+    /// its own head; without `turnHighwayBack` it stays as it is until `SubHighway::GetHead` or the
+    /// next activation turns it. Cost: the way to the highway's head, where that is turned.
+    void Deactivate(bool turnHighwayBack = true);
 
     /// Ties the tap to another node, whose sub-net takes it over. Null only unties.
     void SetNetConnectionNode(SmartPtr<ConnectionNode> const& node);
@@ -61,7 +62,8 @@ protected:
     bool AcceptNode(AbstractFigureVisitor& visitor) override;
 
 private:
-    void TurnHighwayBack();
+    bool HeadsHighway() const;
+    void StepBelowHighway();
 
     SmartPtr<SubHighway> subHighway_;
     SmartPtr<ConnectionNode> netConnectionNode_;

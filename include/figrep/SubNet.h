@@ -54,7 +54,9 @@ public:
     /// Splice all highway nodes in, or take them out. `Figure::PrePivot` is the one to call, which
     /// keeps at most one sub-net spliced.
     void Activate(bool suspendPrePivot);
-    void Deactivate();
+    /// Without `turnHighwaysBack` the highways stay turned towards this sub-net, so that another
+    /// one near by is activated at the cost of the way between the two.
+    void Deactivate(bool turnHighwaysBack = true);
 
     /// Whether the node is a junction in a highway, seen through other junctions.
     static bool NodeIsHighwayJunction(SmartPtr<ConnectionNode> const& node);

@@ -74,6 +74,7 @@ void HighwayNode::Activate(bool suspendPrePivot) {
     zvk::WriteGuard const guard(GetTreeLock());
     SmartPtr<ConnectionNode> const node = netConnectionNode_;
     if (!node || !subNet_ || IsConnected(node)) return;
+    if (HeadsHighway()) StepBelowHighway();
     if (figk::BaseConnectionNode::GetPredecessor()) {
         node->SuspendPrePivot(suspendPrePivot);
         node->Pivot(nullptr);
@@ -84,16 +85,25 @@ void HighwayNode::Activate(bool suspendPrePivot) {
     }
 }
 
-void HighwayNode::Deactivate() {
+void HighwayNode::Deactivate(bool turnHighwayBack) {
     SmartPtr<ConnectionNode> const self(this);
     zvk::WriteGuard const guard(GetTreeLock());
     if (!netConnectionNode_) return;
     if (IsConnected(netConnectionNode_)) Disconnect(netConnectionNode_);
-    TurnHighwayBack();
+    if (turnHighwayBack && subHighway_ && HeadsHighway()) subHighway_->TurnToHead();
 }
 
-void HighwayNode::TurnHighwayBack() {
-    if (subHighway_ && IsHead() && !IsLeaf()) subHighway_->TurnToHead();
+bool HighwayNode::HeadsHighway() const {
+    return IsHead() && !IsLeaf();
+}
+
+/// Hangs this node, the head of its highway, below its only neighbour there.
+void HighwayNode::StepBelowHighway() {
+    SmartPtr<ConnectionNode> const neighbour = GetLeftSuccessor();
+    if (!neighbour) return;
+    neighbour->SuspendPrePivot(true);
+    neighbour->Pivot(nullptr);
+    neighbour->SuspendPrePivot(false);
 }
 
 void HighwayNode::SetNetConnectionNode(SmartPtr<ConnectionNode> const& node) {

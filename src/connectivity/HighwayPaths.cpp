@@ -39,6 +39,7 @@ void Step(Climber& climber) {
 /// Lets the climbers go on until all have met, or for `toHead` until all are at the top.
 void Climb(std::vector<Climber>& climbers, bool toHead) {
     std::vector<Climber*> climbing;
+    climbing.reserve(climbers.size());
     for (Climber& climber : climbers)
         climbing.push_back(&climber);
     std::size_t apart = climbers.size();

@@ -138,9 +138,9 @@ void SubNet::Activate(bool suspendPrePivot) {
         node->Activate(suspendPrePivot);
 }
 
-void SubNet::Deactivate() {
+void SubNet::Deactivate(bool turnHighwaysBack) {
     for (auto const& node : GetHighwayNodes())
-        node->Deactivate();
+        node->Deactivate(turnHighwaysBack);
 }
 
 bool SubNet::NodeIsHighwayJunction(SmartPtr<ConnectionNode> const& node) {
@@ -440,7 +440,7 @@ void SubNet::LeaveHighways() {
     // Each tap opens the way to pieces that no found segment joins to the head.
     for (auto const& node : std::exchange(highwayNodes_, {})) {
         SmartPtr<ConnectionNode> const netNode = node->GetNetConnectionNode();
-        node->Deactivate();
+        node->Deactivate(false);  // a figure that goes cuts one net after the other
         node->SetNetConnectionNode(nullptr);
         node->Remove(self);
         if (auto const subHighway = node->GetSubHighway()) subHighway->Remove(self);

@@ -258,7 +258,8 @@ void Figure::PrePivot(SmartPtr<SubNet> const& subNet) {
     zvk::WriteGuard guard(GetLock());
     if (pivotInProgress_ || subNet == activeSubNet_) return;
     pivotInProgress_ = true;
-    if (auto const old = activeSubNet_) old->Deactivate();
+    // The next activation turns the highways anyway, mostly by a shorter way than back.
+    if (auto const old = activeSubNet_) old->Deactivate(!subNet);
     activeSubNet_ = subNet;
     if (subNet) subNet->Activate(false);
     pivotInProgress_ = false;

@@ -225,6 +225,21 @@ TEST(Activation, OfAllNetsInTurnLeavesTheHighwayAsItWas) {
     EXPECT_EQ(LinksOf(wiring.bus->GetHead()), before);
 }
 
+TEST(Activation, OfTheSameNetAgainAfterOneElsewhereFindsTheHighwayTurnedTowardsIt) {
+    BusWiring wiring(3);
+    auto const elsewhere = wiring.Net();
+    wiring.Wire(elsewhere, DPoint2D(0, 0), DPoint2D(1, 0));
+    auto const head = wiring.nets[1]->GetHead();
+    auto const before = LinksOf(head);
+    elsewhere->GetHead();
+    ASSERT_FALSE(wiring.trunk[0]->IsHead());
+    EXPECT_EQ(LinksOf(wiring.nets[1]->GetHead()), before);
+    elsewhere->GetHead();
+    wiring.bus->GetHead();
+    EXPECT_TRUE(wiring.trunk[0]->IsHead());
+    EXPECT_EQ(LinksOf(wiring.nets[1]->GetHead()), before);
+}
+
 TEST(Activation, ReachesPiecesBehindASecondHighway) {
     Wiring wiring;
     auto const net = wiring.Net();
