@@ -24,8 +24,8 @@ public:
     ~CrossingPoint() override;
 
     DPoint2D GetPosition() const;
-    SmartPtr<Segment> GetSegment1() const { return segment1_; }
-    SmartPtr<Segment> GetSegment2() const { return segment2_; }
+    SmartPtr<Segment> GetSegment1() const;
+    SmartPtr<Segment> GetSegment2() const;
     /// The partner of `segment`; null when `segment` has no part in this crossing.
     SmartPtr<Segment> GetOtherSegment(ConstSmartPtr<Segment> const& segment) const;
     /// The segment drawn on top, settled from the settings of both.

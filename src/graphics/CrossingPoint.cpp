@@ -100,6 +100,14 @@ DPoint2D CrossingPoint::GetPosition() const {
     return position_;
 }
 
+SmartPtr<Segment> CrossingPoint::GetSegment1() const {
+    return segment1_;
+}
+
+SmartPtr<Segment> CrossingPoint::GetSegment2() const {
+    return segment2_;
+}
+
 bool CrossingPoint::Involves(ConstSmartPtr<Segment> const& segment) const {
     return segment && (segment.Get() == segment1_ || segment.Get() == segment2_);
 }
