@@ -28,7 +28,7 @@ public:
     static zvk::ClassType const CLASS_TYPE;
 
     /// The kinds of items; the numbers are fixed.
-    enum FigureItemType {
+    enum FigureItemType : int {
         ITEM_UNKNOWN = 0,
         ITEM_BLOCK_INSTANCE = 1,
         ITEM_CABLE_INSTANCE = 2,
