@@ -188,7 +188,7 @@ public:
     void SetProfileRequiresGraphicalRegeneration(bool required);
     /// Tells observers when the new profile needs new pictures; the mark stays.
     void ProfileApplied();
-    /// A box drawn into the figure's own label group, for debugging; null without a lock or group.
+    /// A box drawn into the figure's own label group, for debugging.
     SmartPtr<BaseGraphic> AddDebugGraphic(DBox2D const& box);
 
     // Wires.
@@ -239,6 +239,7 @@ private:
     void SetDefaultLineAttributes();
     void AddItemToSbomKernelFigureMap(SmartPtr<AbstractFigureItem> const& item);
     void RemoveItemFromSbomKernelFigureMap(SmartPtr<AbstractFigureItem> const& item);
+    bool IsStillOurs(AbstractFigureItem const& wire) const;
     void DestroyConnectivity();
     void ClearCableInstances();
     void TearDown();

@@ -75,19 +75,26 @@ void Figure::TearDown() {
     link_->Clear();
 }
 
+// A wire that was taken out may have gone to another figure.
+bool Figure::IsStillOurs(AbstractFigureItem const& wire) const {
+    return wire.GetFigure().Get() == this;
+}
+
 void Figure::DestroyConnectivity() {
     if (activeSubNet_) activeSubNet_->Deactivate();
     activeSubNet_.Reset();
     for (auto const& subNet : subNets_)
         subNet->DestroyConnectivity();
-    for (auto const& subNet : removedSubNets_)
-        subNet->DestroyConnectivity();
+    for (auto const& subNet : removedSubNets_) {
+        if (IsStillOurs(*subNet)) subNet->DestroyConnectivity();
+    }
     subNets_.clear();
     removedSubNets_.clear();
     for (auto const& subHighway : subHighways_)
         subHighway->DestroyConnectivity();
-    for (auto const& subHighway : removedSubHighways_)
-        subHighway->DestroyConnectivity();
+    for (auto const& subHighway : removedSubHighways_) {
+        if (IsStillOurs(*subHighway)) subHighway->DestroyConnectivity();
+    }
     subHighways_.clear();
     removedSubHighways_.clear();
 }

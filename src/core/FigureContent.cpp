@@ -97,6 +97,8 @@ void Figure::Receive(SmartPtr<SubHighway> const& subHighway) {
 void Figure::Receive(SmartPtr<SubNet> const& subNet) {
     if (!subNet) return;
     zvk::WriteGuard guard(GetLock());
+    // It was deactivated when it was taken out; only the field still calls it active.
+    if (activeSubNet_ == subNet) activeSubNet_.Reset();
     Register(subNets_, subNet);
     subNet->SetGraphicalUpdateNeeded(true);
     AddItemToSbomKernelFigureMap(subNet);

@@ -44,13 +44,15 @@ void Figure::UpdateArrows() {
         subNet->Accept(*arrowPatterns_);
 }
 
-// Wires may have come in, been moved or been given another style since the last delta; each of these
-// marks the wire.
+// Wires may have come in, been moved or been given another style since the last delta; each of
+// these marks the wire.
 void Figure::UpdateContent() {
     zvk::WriteGuard guard(GetLock());
     if (!loaded_) return;
-    for (auto const& subHighway : Marked(subHighways_)) subHighway->Accept(*crossingPoints_);
-    for (auto const& subNet : Marked(subNets_)) subNet->Accept(*crossingPoints_);
+    for (auto const& subHighway : Marked(subHighways_))
+        subHighway->Accept(*crossingPoints_);
+    for (auto const& subNet : Marked(subNets_))
+        subNet->Accept(*crossingPoints_);
     UpdateArrows();
     crossingPoints_->Update();
     DrawWires();

@@ -474,6 +474,18 @@ TEST(FigureLife, ClearingCutsWhatItClears) {
     EXPECT_LE(du::RefCounted::LiveCount(), before);
 }
 
+TEST(FigureLife, LeavesAWireAloneThatWentToAnotherFigure) {
+    SmartPtr<Figure> first = new Figure();
+    SmartPtr<Figure> const second = new Figure();
+    SmartPtr<SubNet> const net = new SubNet(first, first->GetLock(), "n");
+    net->SetHead(new NetSegment(net, first->GetLock(), DPoint2D(0, 0), DPoint2D(1, 0), {}));
+    first->RemoveItem(net);
+    second->Receive(net);
+    first.Reset();
+    EXPECT_EQ(net->GetFigure(), second);
+    EXPECT_TRUE(net->GetHead());
+}
+
 TEST(FigureLife, SurvivesWhoeverKeepsAPointerThroughItsTeardown) {
     SmartPtr<SubNet> net;
     {

@@ -1,4 +1,5 @@
 // After any edits the pictures are those of a figure that is built afresh.
+#include <core/PictureDump.h>
 #include <dg/CircularArc.h>
 #include <figk/ArrowStyle.h>
 #include <figk/SettingValue.h>
@@ -23,73 +24,6 @@
 
 namespace figrep::testing {
 namespace {
-
-/// Writes the shapes of an instance as text.
-class ShapeDump : public zv2d::EntityVisitor {
-public:
-    ShapeDump(std::ostream& out, DMat33 const& matrix) : out_(out), matrix_(matrix) {}
-
-    void Visit(zv2d::TexPolyline const& polyline) override {
-        out_ << " line";
-        for (auto const& vertex : polyline.GetVertices())
-            Write(matrix_ * vertex);
-    }
-    void Visit(zv2d::CircularArc const& arc) override {
-        out_ << " arc" << arc.GetArc().GetRadius() << '/' << arc.GetArc().GetStartAngle();
-        Write(matrix_ * arc.GetArc().GetCentre());
-    }
-
-private:
-    void Write(DPoint2D const& point) { out_ << " (" << point.x << ',' << point.y << ')'; }
-
-    std::ostream& out_;
-    DMat33 matrix_;
-};
-
-/// Writes all that the wires of a figure show, sub-net by sub-net in the order of their ids.
-class PictureDump : public AbstractFigureVisitor {
-public:
-    using AbstractFigureVisitor::Visit;
-    using AbstractFigureVisitor::VisitComplete;
-    bool Visit(SmartPtr<SubNet> const& subNet) override {
-        out_.str("");
-        return Line(subNet->GetId().GetString().c_str());
-    }
-    void VisitComplete(SmartPtr<SubNet> const& subNet) override {
-        nets_[subNet->GetId().GetString()] = out_.str();
-    }
-    bool Visit(SmartPtr<NetSegment> const&) override { return Line(" segment"); }
-    bool Visit(SmartPtr<PickGraphicProxy> const&) override { return Line("  pick"); }
-    bool Visit(SmartPtr<GenericGraphic> const& graphic) override {
-        graphic->UpdateRenderInfoBase();
-        out_ << "  graphic";
-        auto const picture = graphic->GetRenderInfo().GetZv2dGraphics();
-        for (auto const& instance : picture->GetInstances()) {
-            ShapeDump shapes(out_, instance->GetMatrix());
-            for (auto const& entity : *instance->GetDefinition())
-                entity->Accept(shapes);
-        }
-        out_ << '\n';
-        return true;
-    }
-
-    static std::string Of(SmartPtr<Figure> const& figure) {
-        PictureDump dump;
-        figure->Accept(dump);
-        std::string text;
-        for (auto const& [id, net] : dump.nets_)
-            text += net;
-        return text;
-    }
-
-private:
-    bool Line(char const* text) {
-        out_ << text << '\n';
-        return true;
-    }
-    std::ostringstream out_;
-    std::map<std::string, std::string> nets_;
-};
 
 /// A sub-net with its segments in the order of making; each names its predecessor.
 struct Net {
