@@ -3,7 +3,7 @@
 # -Wrestrict: g++ 12 sees overlaps in plain string concatenation that aren't there.
 function(figrep_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
-                                           -Wno-overloaded-virtual -Wno-restrict -ffp-contract=off)
+                                           -Wno-overloaded-virtual $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict> -ffp-contract=off)
   if(FIGREP_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

@@ -32,20 +32,20 @@ std::map<std::string, std::string> UsedTwice(std::string const& instances) {
 }
 
 TEST(Instances, TheReferenceIsThatOfThePlaceInTheHierarchy) {
-    auto const result = Read(UsedTwice(Instance("root", "/root/sheet-one", "R1") +
-                                       Instance("root", "/root/sheet-two", "R2")));
+    auto const result = Read(UsedTwice(Instance("root", "/top/sheet-one", "R1") +
+                                       Instance("root", "/top/sheet-two", "R2")));
     EXPECT_EQ(References(result), (Names{"R1", "R2"}));
 }
 
 TEST(Instances, OtherProjectsDoNotCount) {
-    auto const result = Read(UsedTwice(Instance("stale", "/root/sheet-one", "R8") +
-                                       Instance("root", "/root/sheet-one", "R1") +
-                                       Instance("", "/root/sheet-two", "R2")));
+    auto const result = Read(UsedTwice(Instance("stale", "/top/sheet-one", "R8") +
+                                       Instance("root", "/top/sheet-one", "R1") +
+                                       Instance("", "/top/sheet-two", "R2")));
     EXPECT_EQ(References(result), (Names{"R1", "R2"}));
 }
 
 TEST(Instances, WithoutAFittingOneTheFieldCounts) {
-    auto const result = Read(UsedTwice(Instance("stale", "/root/sheet-one", "R8") +
+    auto const result = Read(UsedTwice(Instance("stale", "/top/sheet-one", "R8") +
                                        Instance("root", "/other/sheet-two", "R9")));
     EXPECT_EQ(References(result), (Names{"R?", "R?"}));
 }
@@ -53,7 +53,7 @@ TEST(Instances, WithoutAFittingOneTheFieldCounts) {
 TEST(Instances, TheUnitIsThatOfTheInstance) {
     auto const result =
         Read(File(Symbol("T:units", "U?", "x", 0, 0, 0,
-                         "(unit 1) (instances " + Instance("root", "/root", "U7", 2) + ")")));
+                         "(unit 1) (instances " + Instance("root", "/top", "U7", 2) + ")")));
     EXPECT_FALSE(NetOf(result, "U7:2").empty());
     EXPECT_TRUE(NetOf(result, "U7:1").empty());
 }
@@ -90,7 +90,7 @@ TEST(Instances, TextsCanNameFieldsOfOtherSymbols) {
         "(text \"see ${other:REFERENCE} ${other:VALUE}\" (at 0 0 0))"
         "(symbol (lib_id \"T:pin\") (at 0 0 0) (uuid other) (property \"Reference\" \"R?\" (at 0 "
         "0 0)) (property \"Value\" \"10k\" (at 0 0 0)) (instances " +
-        Instance("root", "/root", "R5") + "))"));
+        Instance("root", "/top", "R5") + "))"));
     EXPECT_EQ(result.design.sheets[0].labels.texts.at(0).text, "see R5 10k");
 }
 

@@ -13,7 +13,7 @@ namespace sheettext {
 
 /// A whole file with the library that `Pin` and its kin use.
 std::string File(std::string const& content, int version = 20231120,
-                 std::string const& uuid = "root");
+                 std::string const& uuid = "top");
 
 std::string Wire(double x1, double y1, double x2, double y2);
 std::string Bus(double x1, double y1, double x2, double y2);
