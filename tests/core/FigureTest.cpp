@@ -1,6 +1,7 @@
 #include <figk/Design.h>
 #include <figk/SchematicKernel.h>
 #include <figk/SettingValue.h>
+#include <figkernel/SchematicKernel.h>
 #include <figrep/BlockInstance.h>
 #include <figrep/CableInstance.h>
 #include <figrep/Format.h>
@@ -426,10 +427,23 @@ TEST_F(FigureTest, ReceivingNothingAndTitleBlocksWithoutFormatAreIgnored) {
 }
 
 TEST_F(FigureTest, AsksTheKernelForWhatNoItemSets) {
-    unsigned int depth = 0;
-    EXPECT_FALSE(figure->GetSetting(Setting::COLOR, depth));
-    EXPECT_FALSE(figure->GetSetting(Setting::LINE_WEIGHT, depth) &&
-                 figure->GetSetting(Setting::LINE_WEIGHT, depth)->GetKey() == 0);
+    SmartPtr<figkernel::SchematicKernel> const kernel = new figkernel::SchematicKernel();
+    ConstSmartPtr<figk::BaseSettingValue> const red = new figk::SettingValue<Color>(Color::RED);
+    kernel->SetSetting(
+        new figk::Setting(figk::Setting::KEY_COLOR, red, figk::Setting::LEVEL_BASE, true));
+    figk::SchematicKernel::SetSchematicKernel(kernel);
+    Color color = Color::BLACK;
+    EXPECT_TRUE(figure->GetColorSetting(Setting::COLOR, color));
+    EXPECT_EQ(color, Color::RED);
+    auto const net = Wire("n", DPoint2D(0, 0), DPoint2D(1, 0));
+    unsigned int onFigure = 0;
+    unsigned int onNet = 0;
+    EXPECT_TRUE(figure->GetSetting(Setting::COLOR, onFigure));
+    EXPECT_TRUE(net->GetSetting(Setting::COLOR, onNet));
+    EXPECT_EQ(onNet, onFigure + 1);
+    EXPECT_FALSE(figure->GetSetting(Setting::BACKGROUND_COLOR, onFigure));
+    figk::SchematicKernel::SetSchematicKernel({});
+    EXPECT_FALSE(figure->GetColorSetting(Setting::COLOR, color));
 }
 
 TEST(FigureLife, LeavesNothingBehind) {
