@@ -138,10 +138,11 @@ std::string UnitLetters(int unit) {
 
 }  // namespace
 
+// Sheets are metres wide at most, so products of coordinates stay far below the limits of `long`.
 bool Line::Holds(Place const& p) const {
-    __int128 const dx = to.x - from.x, dy = to.y - from.y;
-    __int128 const px = p.x - from.x, py = p.y - from.y;
-    __int128 const along = px * dx + py * dy;
+    long const dx = to.x - from.x, dy = to.y - from.y;
+    long const px = p.x - from.x, py = p.y - from.y;
+    long const along = px * dx + py * dy;
     return px * dy == py * dx && along >= 0 && along <= dx * dx + dy * dy;
 }
 
