@@ -1,6 +1,7 @@
 // The document: one live drawing, assembled from kernel sheets by deltas.
 #pragma once
 
+#include <figk/TypeDefinitions.h>
 #include <figrep/AttributeList.h>
 #include <figrep/FigureDeltaReceiverInterface.h>
 #include <figrep/SettingList.h>
@@ -43,6 +44,16 @@ public:
 
     using Items = std::vector<SmartPtr<AbstractFigureItem>>;
     using Deltas = std::vector<SmartPtr<figk::AbstractDelta>>;
+
+    // What a saved figure is made of.
+    static constexpr figk::ContentVersion s_write_content_version = figk::CONTENT_VERSION_1;
+    static Symbol const s_figure_content;  // for hosts; written nowhere here
+    static Symbol const s_figure_content_version;
+    static Symbol const s_figure_show_grid;
+    static Symbol const s_figure_design;
+    static Symbol const s_figure_component;
+    static Symbol const s_design_name;
+    static Symbol const s_design_id_prefix;
 
     /// For hosts that number their figures; the library neither fills nor reads it.
     static std::map<unsigned int, Figure*> s_figureIdMap;
@@ -138,6 +149,13 @@ public:
     void RemoveEndDeltas(SmartPtr<figk::AbstractDelta> const& a,
                          SmartPtr<figk::AbstractDelta> const& b);
     void ProcessNewContent() override;
+
+    // Saving.
+
+    /// Writes what the figure was made from into `element`: version, grid, designs, then one
+    /// "component" for each recorded delta in order, and a last one with the texts of the title
+    /// block as they stand. Nothing is written of the items themselves. Null does nothing.
+    void CaptureContent(zvk::SerializedContentElement* element);
 
     // Items' place and looks. Observers are told.
 
@@ -252,6 +270,7 @@ private:
     void UpdateArrows();
     void DrawWires();
     void NoteFailure(SmartPtr<figk::AbstractDelta> const& delta);
+    void CaptureTitleBlock(zvk::SerializedContentElement& element);
     void PostItemsChanged(Items const& items);
     void PostEvent(unsigned char constant);
     void MarkChanged(bool notify);

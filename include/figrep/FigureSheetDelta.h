@@ -4,7 +4,7 @@
 #include <figk/AbstractVisitor.h>
 #include <figrep/AbstractFigureDelta.h>
 #include <figrep/FigureDeltaReceiverInterface.h>
-#include <figrep/MapGroupContent.h>
+#include <figrep/MapWireContent.h>
 
 #include <unordered_map>
 #include <vector>
@@ -19,7 +19,7 @@ namespace figrep {
 /// Cost: near-linear in the content of the sheet.
 class FigureSheetDelta : public figk::AbstractVisitor,
                          public AbstractFigureDelta,
-                         public MapGroupContent {
+                         public MapWireContent {
 public:
     /// For a live sheet; action 0 copies the sheet, any other action only ties what is there.
     FigureSheetDelta(SmartPtr<figk::Sheet> const& sheet, figk::AbstractDelta::Action const& action);
@@ -57,6 +57,11 @@ protected:
     void _Apply(figk::AbstractDeltaReceiver& receiver) override;
     void _Serialize(zvk::SerializedContentElement* element) override;
 
+    SmartPtr<SubHighway> GetFigureSubHighway(
+        SmartPtr<figk::SubHighway> const& record) const override;
+    void ConnectToPredecessor(SmartPtr<figk::ConnectionNode> const& kernelNode,
+                              SmartPtr<ConnectionNode> const& figureNode) override;
+
 private:
     void ApplyCopy(figk::AbstractDeltaReceiver& receiver);
     void ForgetWalk();
@@ -64,17 +69,6 @@ private:
     void CreatePortNodeFigureDetails(SmartPtr<Figure> const& figure);
 
     SmartPtr<Port> GetFigurePort(SmartPtr<figk::Port> const& kernelPort);
-    SmartPtr<ConnectionNode> GetFigureNode(SmartPtr<figk::ConnectionNode> const& node) const;
-    SmartPtr<SubHighway> GetFigureSubHighway(SmartPtr<figk::SubHighway> const& record) const;
-    SmartPtr<HighwayNode> GetHighwayEntryNode(SmartPtr<figk::SubHighway> const& record) const;
-    void MapNodes(SmartPtr<figk::ConnectionNode> const& kernelNode,
-                  SmartPtr<ConnectionNode> const& figureNode);
-    void Connect(SmartPtr<figk::ConnectionNode> const& kernelNode,
-                 SmartPtr<ConnectionNode> const& figureNode);
-    void ConnectToPredecessor(SmartPtr<figk::ConnectionNode> const& kernelNode,
-                              SmartPtr<ConnectionNode> const& figureNode);
-    void HandleHighwayExitNode(SmartPtr<figk::HighwayNode> const& kernelNode,
-                               SmartPtr<ConnectionNode> const& figureNode);
     bool PassAlongHighway(SmartPtr<figk::HighwaySegment> const& record);
     void EncloseEnds(Segment const& segment);
     void ApplyOffset(AbstractFigureItem& item);
@@ -91,9 +85,7 @@ private:
     SmartPtr<SubHighway> currentSubHighway_;
     SmartPtr<SubNet> currentSubNet_;
     SmartPtr<figk::NetSegment> kernelStartSegment_;
-    std::unordered_map<SmartPtr<figk::ConnectionNode>, SmartPtr<ConnectionNode>> nodeMap_;
     SmartPtr<figk::BaseVisitCheck> visitCheck_;
-    KernelMap<HighwayNode> highwayEntryMap_;
     KernelMap<SubHighway> subHighwayMap_;
     KernelMap<Port> portMap_;
     DBox2D extents_ = DBox2D::EMPTY;

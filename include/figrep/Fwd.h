@@ -87,6 +87,7 @@ class VisitCheck;
 
 // Settings and attributes.
 class AttributeList;
+class ItemAttrInfo;
 class Setting;
 class SettingList;
 class SettingListVisitor;
@@ -117,10 +118,24 @@ class TokenObserver;
 
 // Deltas.
 class AbstractFigureDelta;
+class BrokenConnectionRecord;
+class DeltaVertexNode;
+class FigureConnectionsDelta;
 class FigureDeltaReceiverInterface;
+class FigureItemDeleteDelta;
+class FigureItemSettingDelta;
+class FigureMoveDelta;
+class FigureSettingDelta;
 class FigureSheetDelta;
 class FigureSheetDeltaGenerator;
+class FigureSubNetDelta;
 class MapGroupContent;
+class MapWireContent;
+class MirrorAction;
+class PublishTitleBlockDelta;
+class RotateAction;
+class ScaleAction;
+class TransformAction;
 
 // The process-wide record of ports.
 class SchematicRepresentation;

@@ -80,7 +80,7 @@ void FigureSheetDelta::ApplyCopy(figk::AbstractDeltaReceiver& receiver) {
 // What a walk needs and nobody asks for later. A delta can live long; its maps needn't.
 void FigureSheetDelta::ForgetWalk() {
     ClearGroupMap();
-    Renew(nodeMap_);
+    ForgetTree();
     Renew(portMap_);
     receiver_ = nullptr;
     currentBlock_.Reset();
@@ -124,35 +124,9 @@ SmartPtr<Port> FigureSheetDelta::GetFigurePort(SmartPtr<figk::Port> const& kerne
     return port;
 }
 
-SmartPtr<ConnectionNode> FigureSheetDelta::GetFigureNode(
-    SmartPtr<figk::ConnectionNode> const& node) const {
-    return LookUp(nodeMap_, node);
-}
-
 SmartPtr<SubHighway> FigureSheetDelta::GetFigureSubHighway(
     SmartPtr<figk::SubHighway> const& record) const {
     return LookUp(subHighwayMap_, record);
-}
-
-SmartPtr<HighwayNode> FigureSheetDelta::GetHighwayEntryNode(
-    SmartPtr<figk::SubHighway> const& record) const {
-    return LookUp(highwayEntryMap_, record);
-}
-
-void FigureSheetDelta::MapNodes(SmartPtr<figk::ConnectionNode> const& kernelNode,
-                                SmartPtr<ConnectionNode> const& figureNode) {
-    nodeMap_.emplace(kernelNode, figureNode);
-}
-
-// A node behind a highway has no predecessor in the net's own tree: the highway leads there.
-void FigureSheetDelta::Connect(SmartPtr<figk::ConnectionNode> const& kernelNode,
-                               SmartPtr<ConnectionNode> const& figureNode) {
-    auto const exit = du::DynamicCast<figk::HighwayNode>(kernelNode->GetPredecessor());
-    if (exit) {
-        HandleHighwayExitNode(exit, figureNode);
-    } else {
-        ConnectToPredecessor(kernelNode, figureNode);
-    }
 }
 
 // Kernel junctions are looked through: the figure's trees make their own.
@@ -167,13 +141,6 @@ void FigureSheetDelta::ConnectToPredecessor(SmartPtr<figk::ConnectionNode> const
     } else {
         currentSubNet_->SetHead(figureNode);
     }
-}
-
-// The sub-net keeps the new highway node; the delta has no further use for it.
-void FigureSheetDelta::HandleHighwayExitNode(SmartPtr<figk::HighwayNode> const& kernelNode,
-                                             SmartPtr<ConnectionNode> const& figureNode) {
-    auto const subHighway = GetFigureSubHighway(kernelNode->GetSubHighway());
-    if (subHighway) GetFactory()->CreateHighwayNode(kernelNode, subHighway, figureNode);
 }
 
 void FigureSheetDelta::EncloseEnds(Segment const& segment) {

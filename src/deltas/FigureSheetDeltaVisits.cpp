@@ -110,28 +110,26 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::ConnectorInstance> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::SubHighway> const& record) {
-    Renew(highwayEntryMap_);
+    StartTree();
     currentSubHighway_ = GetFactory()->CreateSubHighway(record);
     if (!currentSubHighway_) return false;
     subHighwayMap_[record] = currentSubHighway_;
     receiver_->Receive(currentSubHighway_);
     onHighway_ = true;
     currentSubNet_.Reset();
-    Renew(nodeMap_);
     return true;
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::SubNet> const& record) {
     SmartPtr<Figure> const figure = dynamic_cast<Figure*>(receiver_);
     if (!figure) return false;
-    Renew(highwayEntryMap_);
+    StartTree();
     currentSubNet_ = GetFactory()->CreateSubNet(figure, record);
     if (!currentSubNet_) return false;
     kernelStartSegment_ = record->GetStartSegment();
     receiver_->Receive(currentSubNet_);
     NoteChangedItem(currentSubNet_);
     onHighway_ = false;
-    Renew(nodeMap_);
     currentSubHighway_.Reset();
     auto const head = record->GetHead();
     visitCheck_ = head ? head->GetVisitChecker() : SmartPtr<figk::BaseVisitCheck>();
@@ -171,13 +169,7 @@ bool FigureSheetDelta::PassAlongHighway(SmartPtr<figk::HighwaySegment> const& re
 bool FigureSheetDelta::Visit(SmartPtr<figk::HighwayNode> const& record) {
     if (onHighway_) return false;
     if (visitCheck_ && !visitCheck_->Visit(record)) return true;
-    auto const kernelSubHighway = record->GetSubHighway();
-    if (GetHighwayEntryNode(kernelSubHighway)) return true;
-    auto const netNode = GetFigureNode(record->GetNetConnectionNode());
-    auto const subHighway = GetFigureSubHighway(kernelSubHighway);
-    if (!netNode || !subHighway) return true;
-    auto const node = GetFactory()->CreateHighwayNode(record, subHighway, netNode);
-    if (node) highwayEntryMap_.emplace(kernelSubHighway, node);
+    EnterHighway(record);
     return true;
 }
 

@@ -43,12 +43,21 @@ public:
     /// The first property with the key; null when there is none. Cost: the properties.
     Value const* FindProperty(du::Symbol const& key) const;
 
+    /// All properties with the key, in order, and all children with the name.
+    std::vector<Value const*> FindProperties(du::Symbol const& key) const;
+    std::vector<SerializedContentElement const*> FindChildren(du::Symbol const& name) const;
+    /// All children, in order.
+    std::vector<SerializedContentElement const*> GetChildren() const;
+
     /// Shows the element's own properties, in order.
     void VisitProperties(SerializedContentVisitor& visitor) const;
 
     /// Runs over the children and their properties in order, not over the element itself. `deep`
     /// goes on into the children's children. Never recurses, however deep the content.
     void Visit(SerializedContentVisitor& visitor, bool deep) const;
+
+    /// Runs over everything in the element, its own properties among its children in their order.
+    void VisitAll(SerializedContentVisitor& visitor) const;
 
 private:
     struct Property {
@@ -57,6 +66,7 @@ private:
     };
     using Part = std::variant<Property, std::unique_ptr<SerializedContentElement>>;
 
+    void Walk(SerializedContentVisitor& visitor, bool deep, bool ownProperties) const;
     void Append(du::Symbol const& key, Value const& value);
     static void Show(Property const& property, SerializedContentVisitor& visitor);
 

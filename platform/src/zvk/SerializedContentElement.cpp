@@ -54,6 +54,33 @@ SerializedContentElement::Value const* SerializedContentElement::FindProperty(
     return nullptr;
 }
 
+std::vector<SerializedContentElement::Value const*> SerializedContentElement::FindProperties(
+    du::Symbol const& key) const {
+    std::vector<Value const*> found;
+    for (Part const& part : parts_) {
+        auto const* property = std::get_if<Property>(&part);
+        if (property && property->key == key) found.push_back(&property->value);
+    }
+    return found;
+}
+
+std::vector<SerializedContentElement const*> SerializedContentElement::FindChildren(
+    du::Symbol const& name) const {
+    std::vector<SerializedContentElement const*> found;
+    for (auto const* child : GetChildren()) {
+        if (child->name_ == name) found.push_back(child);
+    }
+    return found;
+}
+
+std::vector<SerializedContentElement const*> SerializedContentElement::GetChildren() const {
+    std::vector<SerializedContentElement const*> children;
+    for (Part const& part : parts_) {
+        if (auto const* child = std::get_if<Child>(&part)) children.push_back(child->get());
+    }
+    return children;
+}
+
 void SerializedContentElement::Show(Property const& property, SerializedContentVisitor& visitor) {
     std::visit([&](auto const& value) { visitor.Visit(property.key, value); }, property.value);
 }
@@ -65,6 +92,15 @@ void SerializedContentElement::VisitProperties(SerializedContentVisitor& visitor
 }
 
 void SerializedContentElement::Visit(SerializedContentVisitor& visitor, bool deep) const {
+    Walk(visitor, deep, false);
+}
+
+void SerializedContentElement::VisitAll(SerializedContentVisitor& visitor) const {
+    Walk(visitor, true, true);
+}
+
+void SerializedContentElement::Walk(SerializedContentVisitor& visitor, bool deep,
+                                    bool ownProperties) const {
     struct Place {
         SerializedContentElement const* element;
         size_t next;
@@ -80,7 +116,7 @@ void SerializedContentElement::Visit(SerializedContentVisitor& visitor, bool dee
         Part const& part = element->parts_[next++];
         bool const isOwn = way.size() == 1;
         if (auto const* property = std::get_if<Property>(&part)) {
-            if (!isOwn) Show(*property, visitor);
+            if (!isOwn || ownProperties) Show(*property, visitor);
         } else if (isOwn || deep) {
             auto const* child = std::get<Child>(part).get();
             if (visitor.StartElement(child->name_)) way.push_back({child, 0});
