@@ -1,4 +1,4 @@
-#include <cli/Output.h>
+#include <persistence/Output.h>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
 namespace fighost {
 
@@ -41,6 +42,22 @@ bool Fail(std::string& error, std::string const& path) {
     return false;
 }
 
+// So that the new name survives a crash, too. Not every file system can do this for a folder.
+void FlushFolderOf(std::string const& path) {
+    auto const folder = std::filesystem::path(path).parent_path();
+    int const descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+// What a link leads to is replaced, not the link.
+std::string FollowLinks(std::string const& path) {
+    std::error_code failure;
+    auto const target = std::filesystem::canonical(path, failure);
+    return failure ? path : target.string();
+}
+
 bool WriteReplacing(std::string const& path, std::string_view bytes, std::string& error) {
     std::string temporary = path + ".XXXXXX";
     int const descriptor = ::mkstemp(temporary.data());
@@ -49,7 +66,10 @@ bool WriteReplacing(std::string const& path, std::string_view bytes, std::string
                 ::fsync(descriptor) == 0;
     int const reason = errno;
     good = ::close(descriptor) == 0 && good;
-    if (good && ::rename(temporary.c_str(), path.c_str()) == 0) return true;
+    if (good && ::rename(temporary.c_str(), path.c_str()) == 0) {
+        FlushFolderOf(path);
+        return true;
+    }
     if (!good && reason != 0) errno = reason;
     Fail(error, path);
     ::unlink(temporary.c_str());
@@ -64,7 +84,7 @@ bool WriteOutput(std::string const& path, std::string_view bytes, std::string& e
         return Fail(error, "standard output");
     }
     // A device or a pipe can't be replaced, and a folder can't be written at all.
-    if (!IsSpecial(path)) return WriteReplacing(path, bytes, error);
+    if (!IsSpecial(path)) return WriteReplacing(FollowLinks(path), bytes, error);
     int const descriptor = ::open(path.c_str(), O_WRONLY);
     if (descriptor < 0) return Fail(error, path);
     bool const good = WriteAll(descriptor, bytes);
