@@ -5,6 +5,7 @@
 #include <figrep/TextGraphic.h>
 #include <figrep/TextLabelContainerGroup.h>
 #include <gtest/gtest.h>
+#include <support/LiveObjects.h>
 #include <malloc.h>
 
 #include "KernelFakes.h"
@@ -109,8 +110,7 @@ TEST(SubNet, TakenApartFreesPiecesBehindATapThatFoundNoSegment) {
 }
 
 TEST(SubNet, TakenApartWithItsFigureLeavesNothingAlive) {
-    auto const before = du::RefCounted::LiveCount();
-    {
+    auto const work = [] {
         BusWiring wiring(4);
         wiring.nets[2]->GetHead();
         SmartPtr<Port> const port = new Port(wiring.figure, wiring.Lock(), "");
@@ -118,19 +118,18 @@ TEST(SubNet, TakenApartWithItsFigureLeavesNothingAlive) {
         wiring.nets[1]->SetStartNode(wiring.entries[1]);
         Label(wiring, du::DynamicCast<Segment>(wiring.entries[1]), "red");
         wiring.nets[1]->GetSingleTextLabel();
-    }
-    EXPECT_EQ(du::RefCounted::LiveCount(), before);
+    };
+    EXPECT_EQ(figrep::test::ObjectsLeftBy(work), 0);
 }
 
 TEST(SubNet, RemovedFromItsFigureLeavesNothingAliveWhenTheFigureGoes) {
-    auto const before = du::RefCounted::LiveCount();
-    {
+    auto const work = [] {
         BusWiring wiring(2);
         wiring.nets[0]->GetHead();
         wiring.figure->RemoveItem(wiring.nets[0]);
         EXPECT_TRUE(Holds(NodesOf(wiring.nets[1]->GetHead()), wiring.exits[1]));
-    }
-    EXPECT_EQ(du::RefCounted::LiveCount(), before);
+    };
+    EXPECT_EQ(figrep::test::ObjectsLeftBy(work), 0);
 }
 
 TEST(SubNet, LabelWithAColourOnAUserMadeSegmentColoursTheSubNet) {

@@ -16,6 +16,7 @@
 #include <figrep/TextLabelContainerGroup.h>
 #include <figrep/TitleBlock.h>
 #include <gtest/gtest.h>
+#include <support/LiveObjects.h>
 
 #include "Fakes.h"
 
@@ -448,8 +449,7 @@ TEST_F(FigureTest, AsksTheKernelForWhatNoItemSets) {
 
 TEST(FigureLife, LeavesNothingBehind) {
     Figure::GenerateNextGraphicName();
-    auto const before = du::RefCounted::LiveCount();
-    {
+    auto const work = [] {
         SmartPtr<Figure> const figure = new Figure();
         auto const lock = figure->GetLock();
         SmartPtr<SubNet> const net = new SubNet(figure, lock, "n");
@@ -467,8 +467,8 @@ TEST(FigureLife, LeavesNothingBehind) {
         figure->SetLoaded();
         figure->UpdateContent();
         figure->RemoveItem(removed);
-    }
-    EXPECT_EQ(du::RefCounted::LiveCount(), before);
+    };
+    EXPECT_EQ(figrep::test::ObjectsLeftBy(work), 0);
 }
 
 TEST(FigureLife, ClearingCutsWhatItClears) {

@@ -14,6 +14,7 @@
 #include <figk/SubNet.h>
 #include <figkernel/SchematicKernel.h>
 #include <support/Drawing.h>
+#include <support/LiveObjects.h>
 
 namespace figrep::test {
 namespace {
@@ -90,10 +91,7 @@ TEST_F(EmbeddedKernel, CanBeInstalledAsTheKernelOfTheProcess) {
 }
 
 TEST(RecordLife, NothingStaysWhenADesignGoes) {
-    auto const before = du::RefCounted::LiveCount();
-    for (int i = 0; i < 3; ++i)
-        SmallDrawing("D").BuildDesign();
-    EXPECT_EQ(du::RefCounted::LiveCount(), before);
+    EXPECT_EQ(figrep::test::ObjectsLeftBy([] { SmallDrawing("D").BuildDesign(); }), 0);
 }
 
 TEST(RecordLife, RecordsThatOutliveTheirDesignAnswerNullUpwards) {
