@@ -61,7 +61,8 @@ public:
         if (saved_.showGrid != figure_->GetFormatGridOn()) {
             figure_->SetFormatGridOn(saved_.showGrid);
         }
-        for (std::size_t i = 0; i < saved_.components.size(); ++i) ApplyComponent(i);
+        for (std::size_t i = 0; i < saved_.components.size(); ++i)
+            ApplyComponent(i);
         DropPublishedTexts();
         ReadyDeltas generator(listed_);
         figure_->GenerateDeltas(generator);
@@ -156,7 +157,8 @@ private:
     }
 
     // Sheets and the sub-nets of a copy are looked for in the design, not in the figure.
-    static std::vector<Symbol> MissingRecords(SerializedContentElement const& content, bool subNet) {
+    static std::vector<Symbol> MissingRecords(SerializedContentElement const& content,
+                                              bool subNet) {
         ContentFields fields(content);
         Symbol const sheetId = fields.Text(Delta::s_delta_sheet);
         figk::GetSheetVisitor visitor(fields.Text(Delta::s_delta_design_id), sheetId);
@@ -200,10 +202,14 @@ private:
 std::string DeltaReport::ToString() const {
     std::string const text = std::to_string(number) + ": " + what;
     switch (outcome) {
-        case APPLIED: return text + ": applied";
-        case PARTLY: return text + ": applied in part: " + why;
-        case FAILED: return text + ": not applied: " + why;
-        case NOT_UNDERSTOOD: break;
+        case APPLIED:
+            return text + ": applied";
+        case PARTLY:
+            return text + ": applied in part: " + why;
+        case FAILED:
+            return text + ": not applied: " + why;
+        case NOT_UNDERSTOOD:
+            break;
     }
     return text + ": kept: " + why;
 }

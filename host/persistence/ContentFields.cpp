@@ -57,7 +57,8 @@ std::vector<Symbol> ContentFields::Texts(Symbol const& key) {
 
 std::vector<dg::DPoint2D> ContentFields::Points(Symbol const& key) {
     std::vector<dg::DPoint2D> points;
-    for (auto const* value : element_.FindProperties(key)) points.push_back(AsPoint(value, key));
+    for (auto const* value : element_.FindProperties(key))
+        points.push_back(AsPoint(value, key));
     return points;
 }
 

@@ -7,8 +7,8 @@
 #include <sstream>
 #include <vector>
 
-#include <pugixml.hpp>
 #include <zvk/SerializedContentVisitor.h>
+#include <pugixml.hpp>
 
 namespace fighost {
 
@@ -45,8 +45,8 @@ std::size_t CharacterLength(std::string_view text) {
         return trails(2) && !overlong && !surrogate && !noCharacter ? 3 : 0;
     }
     if (byte(0) < 0xF0u || byte(0) > 0xF4u || !trails(3)) return 0;
-    bool const outside = (byte(0) == 0xF0u && byte(1) < 0x90u) ||
-                         (byte(0) == 0xF4u && byte(1) >= 0x90u);
+    bool const outside =
+        (byte(0) == 0xF0u && byte(1) < 0x90u) || (byte(0) == 0xF4u && byte(1) >= 0x90u);
     return outside ? 0 : 4;
 }
 
@@ -217,7 +217,8 @@ private:
         char const* const value = node.attribute(VALUE).value();
         int whole = 0;
         double real = 0;
-        if (type == "bool" && (std::strcmp(value, "true") == 0 || std::strcmp(value, "false") == 0)) {
+        if (type == "bool" &&
+            (std::strcmp(value, "true") == 0 || std::strcmp(value, "false") == 0)) {
             element.AddProperty(symbol, value[0] == 't');
         } else if (type == "int" && ParseNumber(value, whole)) {
             element.AddProperty(symbol, whole);
@@ -256,8 +257,8 @@ private:
 
 Finding FindingAt(std::string_view xml, std::ptrdiff_t offset, std::string const& file,
                   std::string sentence) {
-    std::size_t const end = std::min(static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)),
-                                     xml.size());
+    std::size_t const end =
+        std::min(static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)), xml.size());
     std::string_view const before = xml.substr(0, end);
     Finding finding;
     finding.place.file = file;
@@ -313,8 +314,8 @@ ContentFromXml ContentOfXml(std::string_view xml, std::string const& root, std::
                             XmlLimits const& limits) {
     ContentFromXml result;
     pugi::xml_document document;
-    auto const parsed = document.load_buffer(xml.data(), xml.size(), pugi::parse_default,
-                                             pugi::encoding_utf8);
+    auto const parsed =
+        document.load_buffer(xml.data(), xml.size(), pugi::parse_default, pugi::encoding_utf8);
     if (!parsed) {
         result.error = FindingAt(xml, parsed.offset, file,
                                  std::string("this is no whole XML file: ") + parsed.description());
@@ -322,9 +323,9 @@ ContentFromXml ContentOfXml(std::string_view xml, std::string const& root, std::
     }
     auto const top = document.document_element();
     if (top.name() != root) {
-        result.error = FindingAt(xml, top.offset_debug(), file,
-                                 "this is no saved figure: the file holds '" +
-                                     std::string(top.name()) + "'");
+        result.error =
+            FindingAt(xml, top.offset_debug(), file,
+                      "this is no saved figure: the file holds '" + std::string(top.name()) + "'");
         return result;
     }
     auto content = std::make_unique<SerializedContentElement>(Symbol(root));

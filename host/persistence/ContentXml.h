@@ -36,8 +36,9 @@ struct ContentFromXml {
 std::string ContentToXml(zvk::SerializedContentElement const& content, std::string const& root,
                          KnownNames const& names);
 
-/// Reads what `ContentToXml` wrote. `file` is for messages. Anything that isn't well-formed, another
-/// root, an unknown type and a value that isn't of its type end the reading; nothing is guessed.
+/// Reads what `ContentToXml` wrote. `file` is for messages. Anything that isn't well-formed,
+/// another root, an unknown type and a value that isn't of its type end the reading; nothing is
+/// guessed.
 ContentFromXml ContentOfXml(std::string_view xml, std::string const& root, std::string const& file,
                             XmlLimits const& limits = {});
 

@@ -41,7 +41,8 @@ std::string ListOf(std::vector<Symbol> const& ids, KnownNames const& names) {
 std::string SettingVerb(SerializedContentElement const& element) {
     ContentFields fields(element);
     bool const on = fields.Flag(Delta::s_setting_value);
-    if (fields.Text(Delta::s_setting_type) == Symbol("ITEM_VISIBILITY")) return on ? "show" : "hide";
+    if (fields.Text(Delta::s_setting_type) == Symbol("ITEM_VISIBILITY"))
+        return on ? "show" : "hide";
     return on ? "fill" : "leave unfilled";
 }
 

@@ -10,6 +10,7 @@
 #include <figk/Sheet.h>
 #include <figrep/AbstractFigureItem.h>
 #include <figrep/Figure.h>
+#include <figrep/FigureItemDeleteDelta.h>
 #include <figrep/FigureSheetDelta.h>
 #include <persistence/ContentFields.h>
 #include <zvk/ReadWriteLock.h>
@@ -101,13 +102,15 @@ std::string DesignKey(SerializedContentElement const& design) {
 
 std::vector<Content> Copies(std::vector<SerializedContentElement const*> const& elements) {
     std::vector<Content> copies;
-    for (auto const* element : elements) copies.push_back(CopyOf(*element));
+    for (auto const* element : elements)
+        copies.push_back(CopyOf(*element));
     return copies;
 }
 
 std::vector<Content> MergeDesigns(std::vector<Content> designs, SavedFigure const* saved) {
     std::set<std::string> known;
-    for (auto const& design : designs) known.insert(DesignKey(*design));
+    for (auto const& design : designs)
+        known.insert(DesignKey(*design));
     for (std::size_t i = 0; saved && i < saved->designs.size(); ++i) {
         if (known.insert(DesignKey(*saved->designs[i])).second) {
             designs.push_back(saved->designs[i]);
@@ -123,8 +126,10 @@ std::unique_ptr<SerializedContentElement> MakeFigure(bool showGrid,
     element->AddProperty(Figure::s_figure_content_version,
                          static_cast<int>(Figure::s_write_content_version));
     element->AddProperty(Figure::s_figure_show_grid, showGrid);
-    for (auto const& design : designs) AddCopy(*element, *design);
-    for (auto const& component : components) AddCopy(*element, *component);
+    for (auto const& design : designs)
+        AddCopy(*element, *design);
+    for (auto const& component : components)
+        AddCopy(*element, *component);
     return element;
 }
 
@@ -162,12 +167,22 @@ private:
     std::unordered_map<Symbol, std::string> sheets_;
 };
 
+// What has been deleted isn't in the figure any more to be asked.
+void NoteDeletedNames(Figure const& figure, KnownNames& names) {
+    for (auto const& delta : figure.GetDeltas()) {
+        auto const deletion = du::DynamicCast<figrep::FigureItemDeleteDelta>(delta);
+        auto const item = deletion ? deletion->GetItem() : SmartPtr<figrep::AbstractFigureItem>();
+        if (item && !item->GetName().empty()) names[item->GetId().GetString()] = item->GetName();
+    }
+}
+
 }  // namespace
 
 std::vector<SavedFigure::SheetId> SavedFigure::GetSheets() const {
     std::vector<SheetId> sheets;
     for (auto const& component : components) {
-        if (!(TypeOf(*component.content) == figrep::FigureSheetDelta::GetClassTypeValue())) continue;
+        if (!(TypeOf(*component.content) == figrep::FigureSheetDelta::GetClassTypeValue()))
+            continue;
         ContentFields fields(*component.content);
         sheets.push_back({fields.Text(Delta::s_delta_design_id).GetString(),
                           fields.Text(Delta::s_delta_sheet).GetString()});
@@ -197,10 +212,14 @@ ReadFigures ReadSavedFigures(std::string_view bytes, std::string const& path) {
 ReadFigures ReadSavedFigures(FileSource& files, std::string const& path) {
     std::string bytes;
     switch (files.Read(path, FILE_LIMIT, bytes)) {
-        case FileSource::Status::READ: return ReadSavedFigures(bytes, path);
-        case FileSource::Status::MISSING: return ErrorAt(path, "there is no such file");
-        case FileSource::Status::TOO_LARGE: return ErrorAt(path, "the file is too large");
-        case FileSource::Status::FAILED: break;
+        case FileSource::Status::READ:
+            return ReadSavedFigures(bytes, path);
+        case FileSource::Status::MISSING:
+            return ErrorAt(path, "there is no such file");
+        case FileSource::Status::TOO_LARGE:
+            return ErrorAt(path, "the file is too large");
+        case FileSource::Status::FAILED:
+            break;
     }
     return ErrorAt(path, "the file can't be read");
 }
@@ -231,6 +250,7 @@ std::string WriteSavedFigures(std::vector<FigureToSave> const& figures, KnownNam
         if (entry.figure) {
             NameCollector collector(entry.figure, all);
             element->VisitAll(collector);
+            NoteDeletedNames(*entry.figure, all);
         }
         AddCopy(root, *element);
     }

@@ -10,7 +10,8 @@
 namespace figrep {
 
 /// A place in the tree of positions from which `FigureSubNetDelta` makes wires: one wire from each
-/// vertex to each of its successors. The tree branches by junctions that have no place of their own.
+/// vertex to each of its successors. The tree branches by junctions that have no place of their
+/// own.
 ///
 /// Ownership: links are strong both ways, so whoever drops a tree calls `CutTree`. The last of the
 /// deltas that were given a tree does so when it goes.

@@ -106,11 +106,11 @@ void BrokenConnections::Insert(Pair& pair, BrokenConnectionRecord const& record)
 }
 
 void BrokenConnections::Restore(BrokenConnectionRecord const& record) {
-    auto const found = std::find_if(
-        connections_.begin(), connections_.end(), [&](SmartPtr<UnroutedConnection> const& wire) {
-            return wire->Contacts(record.GetStaticPosition()) &&
-                   wire->Contacts(record.GetEndPosition());
-        });
+    auto const found = std::find_if(connections_.begin(), connections_.end(),
+                                    [&](SmartPtr<UnroutedConnection> const& wire) {
+                                        return wire->Contacts(record.GetStaticPosition()) &&
+                                               wire->Contacts(record.GetEndPosition());
+                                    });
     if (found == connections_.end()) return;
     SmartPtr<UnroutedConnection> const connection = *found;
     if (!dg::Close(record.GetStaticPosition(), record.GetStartPosition())) {

@@ -68,8 +68,7 @@ inline std::string EndsOf(Segment const& segment) {
     DPoint2D end;
     segment.GetEnds(start, end);
     auto const text = [](DPoint2D const& p) {
-        return std::to_string(static_cast<int>(p.x)) + "," +
-               std::to_string(static_cast<int>(p.y));
+        return std::to_string(static_cast<int>(p.x)) + "," + std::to_string(static_cast<int>(p.y));
     };
     return text(start) + " " + text(end);
 }

@@ -106,8 +106,8 @@ TEST_F(FigureConnectionsDeltaTest, SeveralRecordsOfOneSubNetAreAllHandled) {
     SmartPtr<Record> const right =
         new Record(subNet, DPoint2D(20, 0), DPoint2D(20, 0), DPoint2D(20, 4), false);
     figure->AddAndApplyDelta(new FigureConnectionsDelta({left, right, left}, APPLY), false, false);
-    EXPECT_EQ(WiresOf<Segment>(subNet), (Strings{"0,0 10,0", "10,0 10,4", "10,4 20,4", "20,0 20,4",
-                                                 "20,0 30,0"}));
+    EXPECT_EQ(WiresOf<Segment>(subNet),
+              (Strings{"0,0 10,0", "10,0 10,4", "10,4 20,4", "20,0 20,4", "20,0 30,0"}));
     wires[1]->Move(0, -4);
     figure->AddAndApplyDelta(new FigureConnectionsDelta({right, left}, UNAPPLY), false, false);
     EXPECT_EQ(WiresOf<Segment>(subNet), (Strings{"0,0 10,0", "10,0 20,0", "20,0 30,0"}));
@@ -124,8 +124,8 @@ TEST_F(FigureConnectionsDeltaTest, UndoingWhereTheWireClosesRemovesTheConnection
 }
 
 TEST_F(FigureConnectionsDeltaTest, UndoingRejoinsBothSuccessors) {
-    SmartPtr<NetSegment> const branch = new NetSegment(
-        subNet, figure->GetLock(), DPoint2D(10, 0), DPoint2D(10, 9), wires[0]);
+    SmartPtr<NetSegment> const branch =
+        new NetSegment(subNet, figure->GetLock(), DPoint2D(10, 0), DPoint2D(10, 9), wires[0]);
     MoveTail(-5);
     branch->Move(0, -5);
     Run(Break(0, -5), APPLY);
@@ -178,8 +178,8 @@ TEST_F(FigureConnectionsDeltaTest, OtherActionsChangeNothing) {
 
 TEST_F(FigureConnectionsDeltaTest, FindsItsSubNetsById) {
     MoveTail(-5);
-    SmartPtr<Record> const record = new Record(subNet->GetId(), DPoint2D(10, 0), DPoint2D(10, 0),
-                                               DPoint2D(10, -5), true);
+    SmartPtr<Record> const record =
+        new Record(subNet->GetId(), DPoint2D(10, 0), DPoint2D(10, 0), DPoint2D(10, -5), true);
     Run(record, APPLY);
     EXPECT_EQ(record->GetSubNet(), subNet);
     EXPECT_EQ(Temporary().size(), 1u);
@@ -189,37 +189,28 @@ TEST_F(FigureConnectionsDeltaTest, RecordOfALostSubNetFailsAndChangesNothing) {
     MoveTail(-5);
     SmartPtr<Record> const lost =
         new Record(Symbol("gone"), DPoint2D(), DPoint2D(), DPoint2D(), true);
-    SmartPtr<Record> const found = new Record(subNet->GetId(), DPoint2D(10, 0), DPoint2D(10, 0),
-                                              DPoint2D(10, -5), true);
+    SmartPtr<Record> const found =
+        new Record(subNet->GetId(), DPoint2D(10, 0), DPoint2D(10, 0), DPoint2D(10, -5), true);
     ExpectLost(figure, new FigureConnectionsDelta({found, lost}, APPLY));
     EXPECT_EQ(found->GetSubNet(), subNet);
     EXPECT_TRUE(Temporary().empty());
-    SmartPtr<Record> const nameless = new Record(Symbol(), DPoint2D(), DPoint2D(), DPoint2D(), true);
+    SmartPtr<Record> const nameless =
+        new Record(Symbol(), DPoint2D(), DPoint2D(), DPoint2D(), true);
     ExpectLost(figure, new FigureConnectionsDelta({nameless}, APPLY));
 }
 
 TEST_F(FigureConnectionsDeltaTest, WritesItsRecordsInOrder) {
-    SmartPtr<Record> const stored = new Record(Symbol("other"), DPoint2D(1, 2), DPoint2D(3, 4),
-                                               DPoint2D(5, 6), false);
+    SmartPtr<Record> const stored =
+        new Record(Symbol("other"), DPoint2D(1, 2), DPoint2D(3, 4), DPoint2D(5, 6), false);
     SmartPtr<FigureConnectionsDelta> const delta =
         new FigureConnectionsDelta({Break(0, -5), nullptr, stored}, APPLY);
-    EXPECT_EQ(Written(delta),
-              (Strings{"action=int 1",
-                       "type='connections_delta'",
-                       "broken_connection {",
-                       "sub_net_id='" + subNet->GetId().GetString() + "'",
-                       "static_pos=(10,0,0)",
-                       "start_pos=(10,0,0)",
-                       "end_pos=(10,-5,0)",
-                       "predecessor_not_successor=true",
-                       "}",
-                       "broken_connection {",
-                       "sub_net_id='other'",
-                       "static_pos=(1,2,0)",
-                       "start_pos=(3,4,0)",
-                       "end_pos=(5,6,0)",
-                       "predecessor_not_successor=false",
-                       "}"}));
+    EXPECT_EQ(
+        Written(delta),
+        (Strings{"action=int 1", "type='connections_delta'", "broken_connection {",
+                 "sub_net_id='" + subNet->GetId().GetString() + "'", "static_pos=(10,0,0)",
+                 "start_pos=(10,0,0)", "end_pos=(10,-5,0)", "predecessor_not_successor=true", "}",
+                 "broken_connection {", "sub_net_id='other'", "static_pos=(1,2,0)",
+                 "start_pos=(3,4,0)", "end_pos=(5,6,0)", "predecessor_not_successor=false", "}"}));
     EXPECT_EQ(delta->GetConnectionRecords().size(), 2u);
     EXPECT_EQ(FigureConnectionsDelta::GetClassTypeValue().GetString(), "connections_delta");
 }
@@ -257,8 +248,7 @@ TEST(FigureConnectionsDelta, TapBesideABreakIsTiedToTheConnectionAndBack) {
     ASSERT_TRUE(tap->Contacts(at));
     wire->Move(0, -2);
     bool const tapAbove = wire->GetNonJunctionPredecessor() == tap;
-    SmartPtr<Record> const record =
-        new Record(subNet, at, at, DPoint2D(at.x, at.y - 2), tapAbove);
+    SmartPtr<Record> const record = new Record(subNet, at, at, DPoint2D(at.x, at.y - 2), tapAbove);
     figure->AddAndApplyDelta(new FigureConnectionsDelta({record}, APPLY), false, false);
     auto const temporary = NodesOf<UnroutedConnection>(subNet);
     ASSERT_EQ(temporary.size(), 1u);

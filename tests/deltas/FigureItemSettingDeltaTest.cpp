@@ -125,10 +125,10 @@ TEST_F(FigureItemSettingDeltaTest, RemoveSettingBringsNothingBack) {
 }
 
 TEST_F(FigureItemSettingDeltaTest, WritesIdKeyAndValue) {
-    EXPECT_EQ(Written(Hidden()),
-              (Strings{"action=int 3", "type='setting_delta'",
-                       "id='" + block->GetId().GetString() + "'", "setting_type='ITEM_VISIBILITY'",
-                       "setting_value=false"}));
+    EXPECT_EQ(
+        Written(Hidden()),
+        (Strings{"action=int 3", "type='setting_delta'", "id='" + block->GetId().GetString() + "'",
+                 "setting_type='ITEM_VISIBILITY'", "setting_value=false"}));
     EXPECT_EQ(FigureItemSettingDelta::GetClassTypeValue().GetString(), "setting_delta");
 }
 
@@ -161,8 +161,8 @@ TEST(VisibilityDeltas, HidingABlockHidesDescendantsThatDifferAndNoOthers) {
     BlockOf(figure, "quiet")->AddSetting(Visibility(false), false);
     Deltas deltas;
     FigureItemSettingDelta::CreateDeltas({BlockOf(figure, "top")}, deltas, Visibility(false));
-    EXPECT_EQ(TargetsOf(deltas), (Items{BlockOf(figure, "leaf"), BlockOf(figure, "middle"),
-                                        BlockOf(figure, "top")}));
+    EXPECT_EQ(TargetsOf(deltas),
+              (Items{BlockOf(figure, "leaf"), BlockOf(figure, "middle"), BlockOf(figure, "top")}));
 }
 
 TEST_F(FigureItemSettingDeltaTest, ItemOfWhichNothingIsSaidIsATargetWhateverTheValue) {

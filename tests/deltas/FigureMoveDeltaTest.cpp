@@ -82,9 +82,8 @@ TEST_F(FigureMoveDeltaTest, EmptyTransformListMovesOnceAndIsWrittenWithoutTransf
         new FigureMoveDelta({Block()}, {}, DPoint2D(3, 4), false);
     Apply(delta);
     EXPECT_EQ(PinOf(Block()), DPoint2D(23, 14));
-    EXPECT_EQ(Written(delta),
-              (Strings{"action=int 3", "type='move_delta'", "offset=(3,4,0)",
-                       "id_list_entry='" + Block()->GetId().GetString() + "'"}));
+    EXPECT_EQ(Written(delta), (Strings{"action=int 3", "type='move_delta'", "offset=(3,4,0)",
+                                       "id_list_entry='" + Block()->GetId().GetString() + "'"}));
 }
 
 TEST_F(FigureMoveDeltaTest, WritesItsTransformsInOrder) {
@@ -93,27 +92,26 @@ TEST_F(FigureMoveDeltaTest, WritesItsTransformsInOrder) {
                                 new ScaleAction(DPoint2D(5, 6), 2.5)};
     SmartPtr<FigureMoveDelta> const delta =
         new FigureMoveDelta(std::vector<Symbol>{Symbol("a"), Symbol("b")}, transforms, DPoint2D());
-    EXPECT_EQ(Written(delta),
-              (Strings{"action=int 3",
-                       "type='move_delta'",
-                       "offset=(0,0,0)",
-                       "id_list_entry='a'",
-                       "id_list_entry='b'",
-                       "transform {",
-                       "transform_type='mirror'",
-                       "about=(1,2,0)",
-                       "mirror_in_x_not_y=true",
-                       "}",
-                       "transform {",
-                       "transform_type='rotate'",
-                       "about=(3,4,0)",
-                       "angle_in_radians=double 0.5",
-                       "}",
-                       "transform {",
-                       "transform_type='scale'",
-                       "about=(5,6,0)",
-                       "scale_factor=double 2.5",
-                       "}"}));
+    EXPECT_EQ(Written(delta), (Strings{"action=int 3",
+                                       "type='move_delta'",
+                                       "offset=(0,0,0)",
+                                       "id_list_entry='a'",
+                                       "id_list_entry='b'",
+                                       "transform {",
+                                       "transform_type='mirror'",
+                                       "about=(1,2,0)",
+                                       "mirror_in_x_not_y=true",
+                                       "}",
+                                       "transform {",
+                                       "transform_type='rotate'",
+                                       "about=(3,4,0)",
+                                       "angle_in_radians=double 0.5",
+                                       "}",
+                                       "transform {",
+                                       "transform_type='scale'",
+                                       "about=(5,6,0)",
+                                       "scale_factor=double 2.5",
+                                       "}"}));
 }
 
 TEST_F(FigureMoveDeltaTest, WithoutItemsVerifiesAndOnlyResetsTheExtents) {
@@ -214,8 +212,8 @@ TEST_F(FigureMoveDeltaTest, HoldsNoFigure) {
     auto const alive = du::RefCounted::LiveCount();
     {
         auto const other = LoadedFigure(drawing.Sheet());
-        other->AddAndApplyDelta(new FigureMoveDelta({BlockOf(other, "U1")}, {}, DPoint2D(1, 1), false),
-                                false, false);
+        other->AddAndApplyDelta(
+            new FigureMoveDelta({BlockOf(other, "U1")}, {}, DPoint2D(1, 1), false), false, false);
     }
     EXPECT_EQ(du::RefCounted::LiveCount(), alive);
 }

@@ -56,8 +56,8 @@ TEST_F(FigureSettingDeltaTest, FailsWhenNoTargetIsLeft) {
 }
 
 TEST_F(FigureSettingDeltaTest, SecondVerificationAddsNoItemAgain) {
-    SmartPtr<FigureSettingDelta> const delta = new FigureSettingDelta(
-        {first->GetId(), first->GetId()}, VISIBILITY, false, FIGURE_LEVEL);
+    SmartPtr<FigureSettingDelta> const delta =
+        new FigureSettingDelta({first->GetId(), first->GetId()}, VISIBILITY, false, FIGURE_LEVEL);
     EXPECT_TRUE(delta->Apply(*figure));
     EXPECT_TRUE(delta->Apply(*figure));
     EXPECT_EQ(delta->GetItems().size(), 1u);
@@ -77,8 +77,8 @@ TEST_F(FigureSettingDeltaTest, UnverifiedWritesKeySettingAndLevelAndNoIds) {
     SmartPtr<FigureSettingDelta> const delta = new FigureSettingDelta(
         {first->GetId()}, Symbol("BACKGROUND_COLOR"), false, figk::Setting::LEVEL_BASE);
     EXPECT_EQ(Written(delta),
-              (Strings{"action=int 3", "type='setting_delta_v2'",
-                       "setting_type='BACKGROUND_COLOR'", "setting_value=false", "level=int 2"}));
+              (Strings{"action=int 3", "type='setting_delta_v2'", "setting_type='BACKGROUND_COLOR'",
+                       "setting_value=false", "level=int 2"}));
 }
 
 TEST_F(FigureSettingDeltaTest, BuiltFromAKeyTheSettingMayBeInherited) {

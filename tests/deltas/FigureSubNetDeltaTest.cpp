@@ -159,7 +159,8 @@ class GuardedSegment : public FakeNetSegment {
 public:
     using FakeNetSegment::FakeNetSegment;
     SmartPtr<figk::BaseVisitCheck> GetVisitChecker() const override {
-        return refuses ? SmartPtr<figk::BaseVisitCheck>(new Refusal()) : FakeNetSegment::GetVisitChecker();
+        return refuses ? SmartPtr<figk::BaseVisitCheck>(new Refusal())
+                       : FakeNetSegment::GetVisitChecker();
     }
     bool refuses = false;
 };
@@ -183,8 +184,8 @@ TEST(FigureSubNetDelta, RejectedHighwayNodeOrSegmentEndsTheWalkThere) {
             SmartPtr<FakeNetSegment> const behind =
                 new FakeNetSegment(DPoint2D(5, 0), DPoint2D(6, 0), passage);
             SmartPtr<Figure> const figure = new Figure();
-            EXPECT_TRUE(SmartPtr<FigureSubNetDelta>(new FigureSubNetDelta(record, COPY))
-                            ->Apply(*figure));
+            EXPECT_TRUE(
+                SmartPtr<FigureSubNetDelta>(new FigureSubNetDelta(record, COPY))->Apply(*figure));
             auto const subNet = figure->GetSubNets().at(0);
             unsigned const made = refuses ? 1u : 2u;
             EXPECT_EQ(subNet->GetId().GetString(), "net");
@@ -223,8 +224,7 @@ TEST_F(FigureSubNetDeltaTest, JunctionsBetweenVerticesMakeNoSegment) {
     ASSERT_EQ(wires.size(), 5u);
     EXPECT_EQ(wires[0], "0,0 10,0");
     std::sort(wires.begin(), wires.end());
-    EXPECT_EQ(wires,
-              (Strings{"0,0 10,0", "10,0 20,1", "10,0 20,2", "10,0 20,3", "10,0 20,4"}));
+    EXPECT_EQ(wires, (Strings{"0,0 10,0", "10,0 20,1", "10,0 20,2", "10,0 20,3", "10,0 20,4"}));
 }
 
 TEST_F(FigureSubNetDeltaTest, SegmentsRunFromTheLastRealVertex) {
@@ -288,14 +288,13 @@ TEST_F(FigureSubNetDeltaTest, WritesIdsVerticesAndAttributesInOrder) {
     info->attributes.push_back(new figk::Attribute(Symbol("Class"), Symbol("fast")));
     auto const root = Vertex(0, 0);
     Vertex(10, 5, root);
-    EXPECT_EQ(Written(Drawn(root, info)),
-              (Strings{"action=int 1", "type='sub_net_delta'",
-                       "id='" + record->GetId().GetString() + "'",
-                       "sheet='" + drawing.Sheet()->GetId().GetString() + "'",
-                       "design_id='" + drawing.design->GetId().GetString() + "'",
-                       "head_vertex=(0,0,0)", "head_vertex=(10,5,0)", "attributes {",
-                       "label='data'", "attribute {", "attr_name='Class'", "attr_value='fast'", "}",
-                       "}"}));
+    EXPECT_EQ(
+        Written(Drawn(root, info)),
+        (Strings{"action=int 1", "type='sub_net_delta'", "id='" + record->GetId().GetString() + "'",
+                 "sheet='" + drawing.Sheet()->GetId().GetString() + "'",
+                 "design_id='" + drawing.design->GetId().GetString() + "'", "head_vertex=(0,0,0)",
+                 "head_vertex=(10,5,0)", "attributes {", "label='data'", "attribute {",
+                 "attr_name='Class'", "attr_value='fast'", "}", "}"}));
 }
 
 TEST_F(FigureSubNetDeltaTest, UnverifiedCopyWritesTheActionAlone) {

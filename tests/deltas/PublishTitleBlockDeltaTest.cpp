@@ -114,24 +114,11 @@ TEST_F(PublishTitleBlockDeltaTest, AuthoringHostPublishesUnlessItsBatchModeIsFou
 TEST_F(PublishTitleBlockDeltaTest, WritesItsSegmentsInOrder) {
     SmartPtr<PublishTitleBlockDelta> const delta =
         new PublishTitleBlockDelta(SectionsOf({{"a", "b"}, {}}));
-    EXPECT_EQ(Written(delta), (Strings{"action=int 3",
-                                       "type='publish_title_block_delta'",
-                                       "text_section {",
-                                       "text_segment {",
-                                       "text_type=int 2",
-                                       "text='token'",
-                                       "original=false",
-                                       "text_value='a'",
-                                       "}",
-                                       "text_segment {",
-                                       "text_type=int 2",
-                                       "text='token'",
-                                       "original=false",
-                                       "text_value='b'",
-                                       "}",
-                                       "}",
-                                       "text_section {",
-                                       "}"}));
+    EXPECT_EQ(Written(delta),
+              (Strings{"action=int 3", "type='publish_title_block_delta'", "text_section {",
+                       "text_segment {", "text_type=int 2", "text='token'", "original=false",
+                       "text_value='a'", "}", "text_segment {", "text_type=int 2", "text='token'",
+                       "original=false", "text_value='b'", "}", "}", "text_section {", "}"}));
 }
 
 // What a figure writes of itself.
