@@ -8,6 +8,7 @@
 #include <figrep/TreeInterface.h>
 #include <zvk/Object.h>
 
+#include <memory>
 #include <string>
 
 namespace figrep {
@@ -123,9 +124,9 @@ protected:
     virtual void DeriveId() = 0;
 
     void SetId(Symbol const& id) { id_ = id; }
-    void SetName(std::string const& name) { name_ = name; }
+    void SetName(std::string const& name);
     /// The name given at construction, whatever the kernel says; no lock.
-    std::string const& GetLocalName() const { return name_; }
+    std::string const& GetLocalName() const { return name_ ? *name_ : Symbol::EMPTY.GetString(); }
 
     /// The record as the concrete class knows it; null when it is another kind or absent.
     template <typename Record>
@@ -149,7 +150,7 @@ private:
     SmartPtr<FigureLink> figureLink_;
     SmartPtr<zvk::ReadWriteLock> itemLock_;
     DBox2D itemExtents_ = DBox2D::EMPTY;
-    std::string name_;
+    std::unique_ptr<std::string> name_;  // most items are called what their record is
 };
 
 }  // namespace figrep

@@ -35,6 +35,7 @@ public:
 
     using figk::AbstractVisitor::Visit;
     bool StartGroupVisit(SmartPtr<figk::Group> const& group) override;
+    bool EndGroupVisit(SmartPtr<figk::Group> const& group) override;
     bool Visit(SmartPtr<figk::TitleBlock> const& record) override;
     bool Visit(SmartPtr<figk::TextGraphic> const& record) override;
     bool Visit(SmartPtr<figk::TableInstance> const& record) override;

@@ -34,6 +34,8 @@ protected:
     SmartPtr<figk::Group> GetFigureGroup(SmartPtr<figk::Group> const& kernelGroup) const;
     /// Makes the figure's sub-group for a kernel sub-group when a walk first enters it.
     void StartGroup(SmartPtr<figk::Group> const& kernelGroup);
+    /// Forgets the pair of a group that a walk leaves for good.
+    void EndGroup(SmartPtr<figk::Group> const& kernelGroup);
     /// Null for a graphic whose group isn't paired.
     SmartPtr<GenericGraphic> CopyGenericGraphic(SmartPtr<figk::GenericGraphic> const& graphic);
     SmartPtr<TextGraphic> CopyTextGraphic(SmartPtr<figk::TextGraphic> const& text);

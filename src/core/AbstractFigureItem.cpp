@@ -65,7 +65,9 @@ AbstractFigureItem::AbstractFigureItem(SmartPtr<zvk::ReadWriteLock> const& lock,
 
 AbstractFigureItem::AbstractFigureItem(SmartPtr<zvk::ReadWriteLock> const& lock,
                                        std::string const& name)
-    : AttributeList(lock), SettingList(lock, {}), itemLock_(lock), name_(name) {}
+    : AttributeList(lock), SettingList(lock, {}), itemLock_(lock) {
+    SetName(name);
+}
 
 AbstractFigureItem::~AbstractFigureItem() = default;
 
@@ -75,8 +77,17 @@ zvk::ClassType const& AbstractFigureItem::GetClassType() const {
 
 std::string const& AbstractFigureItem::GetName() const {
     zvk::ReadGuard guard(itemLock_);
-    if (name_.empty() && kernelItem_) return kernelItem_->GetName();
-    return name_;
+    std::string const& local = GetLocalName();
+    return local.empty() && kernelItem_ ? kernelItem_->GetName() : local;
+}
+
+// A text once made stays, so that what `GetName` answered lives as long as the item.
+void AbstractFigureItem::SetName(std::string const& name) {
+    if (name_) {
+        *name_ = name;
+    } else if (!name.empty()) {
+        name_ = std::make_unique<std::string>(name);
+    }
 }
 
 void AbstractFigureItem::MoveItem(double, double) {}

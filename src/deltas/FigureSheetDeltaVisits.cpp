@@ -219,4 +219,9 @@ bool FigureSheetDelta::StartGroupVisit(SmartPtr<figk::Group> const& group) {
     return true;
 }
 
+bool FigureSheetDelta::EndGroupVisit(SmartPtr<figk::Group> const& group) {
+    EndGroup(group);
+    return true;
+}
+
 }  // namespace figrep

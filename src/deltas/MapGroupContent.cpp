@@ -59,6 +59,11 @@ void MapGroupContent::StartGroup(SmartPtr<figk::Group> const& kernelGroup) {
     StorePair(kernelGroup, factory_->CreateGraphicGroup(owner));
 }
 
+// A walk passes each group once, so the map stays as small as groups are nested.
+void MapGroupContent::EndGroup(SmartPtr<figk::Group> const& kernelGroup) {
+    groupMap_.erase(kernelGroup);
+}
+
 SmartPtr<GenericGraphic> MapGroupContent::CopyGenericGraphic(
     SmartPtr<figk::GenericGraphic> const& graphic) {
     if (!graphic) return {};
