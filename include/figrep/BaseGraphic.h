@@ -47,6 +47,7 @@ public:
     virtual bool GetColorFromSettings(Color& out) const;
 
     DBox2D GetMemberExtents() override;
+    SettingList const* GetMemberSettings() const override { return this; }
     void SetMemberHighlight(bool on) override;
     void SetMemberPreselectHighlight(bool on) override;
     void SetMemberVisibility(bool on) override;

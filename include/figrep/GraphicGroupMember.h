@@ -33,11 +33,21 @@ public:
     ConstSmartPtr<figk::Setting> GetGroupSetting(Setting::RepKey key, unsigned& depth,
                                                  bool inheritableOnly) const;
 
+    /// The member's own settings; null for a member without.
+    virtual SettingList const* GetMemberSettings() const;
+
 protected:
     GraphicGroupMember() = default;
     GraphicGroupMember(GraphicGroupMember const& other);
     GraphicGroupMember& operator=(GraphicGroupMember const& other);
     ~GraphicGroupMember() override;
+
+private:
+    friend class GraphicGroup;
+
+    /// What `figk::GroupMember` knows as the owner, as the class that it is; settings are looked up
+    /// along it too often to be asked for it each time.
+    GraphicGroup* graphicOwner_ = nullptr;
 };
 
 }  // namespace figrep

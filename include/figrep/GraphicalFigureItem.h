@@ -20,6 +20,8 @@ public:
     /// The box of the members. The group keeps it, the item doesn't.
     DBox2D GetExtents() override;
 
+    SettingList const* GetMemberSettings() const override { return this; }
+
 protected:
     GraphicalFigureItem(SmartPtr<zvk::ReadWriteLock> const& lock,
                         SmartPtr<figk::AbstractItem> const& item);

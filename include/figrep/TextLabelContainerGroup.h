@@ -31,6 +31,7 @@ private:
     friend class TextLabelContainer;
 
     TextLabelContainer* container_;  // cleared by the container's destructor
+    SettingList const* settings_;    // the container's, where it was known from the start
 };
 
 }  // namespace figrep

@@ -21,6 +21,12 @@ SmartPtr<Figure> FigureOfGroup(SmartPtr<figk::Group> const& head) {
     return du::DynamicCast<Figure>(container);
 }
 
+/// Whether the group holds the labels of a figure.
+bool StandsOnFigure(SmartPtr<figk::Group> const& head) {
+    auto const labels = du::DynamicCast<TextLabelContainerGroup>(head);
+    return labels && du::DynamicCast<Figure>(labels->GetTextLabelContainer());
+}
+
 }  // namespace
 
 BaseGraphic::BaseGraphic(SmartPtr<zvk::ReadWriteLock> const& lock,
@@ -282,9 +288,8 @@ ConstSmartPtr<figk::Setting> BaseGraphic::GetInheritedSetting(Setting::RepKey ke
     if (!found && !inheritableOnly) {
         // A free text on the figure takes the look of what it is grouped with.
         SmartPtr<GraphicGroup> const owner = GetOwner();
-        auto const head = du::DynamicCast<TextLabelContainerGroup>(GetHeadGroup());
-        if (owner && head && owner.Get() != head.Get() &&
-            du::DynamicCast<Figure>(head->GetTextLabelContainer())) {
+        SmartPtr<figk::Group> const head = GetHeadGroup();
+        if (owner && SmartPtr<figk::Group>(owner) != head && StandsOnFigure(head)) {
             found = owner->GetSettingFromContent(this, key, depth);
         }
     }

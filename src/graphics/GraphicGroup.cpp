@@ -13,7 +13,10 @@ GraphicGroup::GraphicGroup(SmartPtr<figk::Group> const& parent) {
     parent->Insert(this);
 }
 
-GraphicGroup::~GraphicGroup() = default;
+GraphicGroup::~GraphicGroup() {
+    for (SmartPtr<GraphicGroupMember> const& member : *this)
+        member->graphicOwner_ = nullptr;
+}
 
 template <typename Action>
 void GraphicGroup::ForEachMember(Action const& action) {
@@ -84,17 +87,23 @@ void GraphicGroup::MirrorGraphics(DPoint2D const& point, bool axis) {
 }
 
 void GraphicGroup::Insert(SmartPtr<figk::GroupMember> const& member) {
+    auto const before = EndGroup() - BeginGroup();
     GroupT::Insert(member);
+    if (EndGroup() - BeginGroup() > before) (*(EndGroup() - 1))->graphicOwner_ = this;
     InvalidateMemberExtents();
 }
 
 bool GraphicGroup::Erase(SmartPtr<figk::GroupMember> const& member) {
+    auto const typed = du::DynamicCast<GraphicGroupMember>(member);
     bool const erased = GroupT::Erase(member);
+    if (erased && typed) typed->graphicOwner_ = nullptr;
     InvalidateMemberExtents();
     return erased;
 }
 
 void GraphicGroup::Clear() {
+    for (SmartPtr<GraphicGroupMember> const& member : *this)
+        member->graphicOwner_ = nullptr;
     GroupT::Clear();
     InvalidateMemberExtents();
 }
@@ -103,7 +112,7 @@ ConstSmartPtr<figk::Setting> GraphicGroup::GetSettingFromContent(
     ConstSmartPtr<GraphicGroupMember> const& excluded, Setting::RepKey key, unsigned& depth) const {
     for (SmartPtr<GraphicGroupMember> const& member : *this) {
         if (excluded.Get() == member.Get()) continue;
-        auto const* list = dynamic_cast<SettingList const*>(member.Get());
+        SettingList const* const list = member->GetMemberSettings();
         if (!list) continue;
         if (ConstSmartPtr<figk::Setting> found = list->GetSetting(key, depth, true)) return found;
     }
@@ -112,7 +121,7 @@ ConstSmartPtr<figk::Setting> GraphicGroup::GetSettingFromContent(
 
 ConstSmartPtr<figk::Setting> GraphicGroup::GetGroupSetting(Setting::RepKey key, unsigned& depth,
                                                            bool inheritableOnly) const {
-    if (auto const* list = dynamic_cast<SettingList const*>(this)) {
+    if (SettingList const* const list = GetMemberSettings()) {
         ConstSmartPtr<figk::Setting> found = list->GetSetting(key, depth, inheritableOnly);
         if (found) return found;
     }

@@ -14,7 +14,11 @@ GraphicGroupMember& GraphicGroupMember::operator=(GraphicGroupMember const&) {
 GraphicGroupMember::~GraphicGroupMember() = default;
 
 SmartPtr<GraphicGroup> GraphicGroupMember::GetOwner() const {
-    return du::DynamicCast<GraphicGroup>(figk::GroupMember::GetOwner());
+    return SmartPtr<GraphicGroup>(graphicOwner_);
+}
+
+SettingList const* GraphicGroupMember::GetMemberSettings() const {
+    return nullptr;
 }
 
 ConstSmartPtr<figk::Setting> GraphicGroupMember::GetGroupSetting(Setting::RepKey key,

@@ -6,7 +6,9 @@
 namespace figrep {
 
 TextLabelContainerGroup::TextLabelContainerGroup(TextLabelContainer* container)
-    : GraphicGroup(nullptr), container_(container) {}
+    : GraphicGroup(nullptr),
+      container_(container),
+      settings_(dynamic_cast<SettingList const*>(container)) {}
 
 TextLabelContainerGroup::~TextLabelContainerGroup() = default;
 
@@ -16,7 +18,8 @@ SmartPtr<TextLabelContainer> TextLabelContainerGroup::GetTextLabelContainer() co
 
 ConstSmartPtr<figk::Setting> TextLabelContainerGroup::GetGroupSetting(Setting::RepKey key,
                                                                       unsigned& depth, bool) const {
-    auto const* list = dynamic_cast<SettingList const*>(container_);
+    if (!container_) return nullptr;
+    auto const* list = settings_ ? settings_ : dynamic_cast<SettingList const*>(container_);
     if (!list) return nullptr;
     return list->GetSetting(key, depth, true);
 }
