@@ -17,8 +17,10 @@ struct CommonArguments {
 
 struct RenderArguments : CommonArguments {
     std::string output;
-    std::string format;  ///< empty: by the extension of the output
+    std::string format;  ///< "svg", "png" or "pdf"; empty: by the extension of the output
     std::string sheet;   ///< name or path; empty for all
+    double dpi = 150;    ///< of PNG
+    unsigned size = 0;   ///< width of PNG in pixels; 0: by `dpi`
     std::string background = "white";
     std::string crossings = "arc";
 };

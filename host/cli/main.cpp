@@ -27,7 +27,15 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
         .add_option("-o,--output", arguments.output,
                     "the picture; %s becomes the name of the sheet, - is standard output")
         ->required();
-    command.add_option("--format", arguments.format, "svg; by the extension of the output");
+    command
+        .add_option("--format", arguments.format,
+                    "svg, png or pdf, whatever the extension of the output")
+        ->check(CLI::IsMember({"svg", "png", "pdf"}));
+    command.add_option("--dpi", arguments.dpi, "dots per inch of a PNG")
+        ->check(CLI::Range(1.0, 10000.0))
+        ->capture_default_str();
+    command.add_option("--size", arguments.size, "width of a PNG in pixels, in place of --dpi")
+        ->check(CLI::Range(1U, 30000U));
     command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to paint");
     command
         .add_option("--background", arguments.background,
@@ -81,7 +89,7 @@ ExitCode Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A reader that closes the pipe early is an error of writing, not a reason to die.
+    // A reader that closes the pipe early is told to the writer, and no reason to die.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         return Run(argc, argv);

@@ -208,8 +208,16 @@ private:
         item.type = type;
         item.name = entry.item->GetName();
         item.net = entry.net;
+        std::string const link = LinkOf(entry.item);
+        item.link = link;
         item.highlighted = IsHighlighted(graphic);
         painter_.BeginItem(item);
+    }
+
+    std::string LinkOf(SmartPtr<AbstractFigureItem> const& item) const {
+        if (!options_.linkOf) return {};
+        auto const node = du::DynamicCast<figrep::PortNode>(item);
+        return node ? options_.linkOf(node) : std::string();
     }
 
     Painter& painter_;
@@ -242,6 +250,8 @@ void PaintFigure(SmartPtr<figrep::Figure> const& figure, Painter& painter,
     sheet.background = options.background;
     sheet.paintBackground = options.paintBackground;
     sheet.title = options.title;
+    sheet.anchor = options.anchor;
+    sheet.depth = options.depth;
     painter.BeginSheet(sheet);
     if (figure) {
         zvk::WriteGuard const guard(figure->GetLock());

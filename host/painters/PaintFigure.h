@@ -1,7 +1,10 @@
 // The one walk that paints a figure.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
+#include <string>
 
 #include <dg/Box.h>
 #include <dg/Color.h>
@@ -16,6 +19,11 @@ struct PaintOptions {
     /// What the picture shows; without it the paper, or else all content with a margin.
     std::optional<dg::DBox2D> box;
     std::string title;
+    std::string anchor;     ///< the name by which links lead to this sheet; empty for none
+    std::size_t depth = 0;  ///< in the tree of sheets, 0 for the root
+    /// Answers the anchor of the sheet where a port's node leads; empty for nowhere. May be unset.
+    /// Called under the figure's lock, once for each node painted.
+    std::function<std::string(figrep::SmartPtr<figrep::PortNode> const&)> linkOf;
     dg::Color highlight{0.9F, 0.1F, 0.6F, 1.0F};  ///< colour of highlighted items
 };
 

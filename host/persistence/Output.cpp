@@ -80,7 +80,8 @@ bool WriteReplacing(std::string const& path, std::string_view bytes, std::string
 
 bool WriteOutput(std::string const& path, std::string_view bytes, std::string& error) {
     if (path == "-") {
-        if (WriteAll(STDOUT_FILENO, bytes)) return true;
+        // Who closes the pipe early has seen enough.
+        if (WriteAll(STDOUT_FILENO, bytes) || errno == EPIPE) return true;
         return Fail(error, "standard output");
     }
     // A device or a pipe can't be replaced, and a folder can't be written at all.

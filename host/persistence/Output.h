@@ -7,7 +7,8 @@
 namespace fighost {
 
 /// Writes `bytes` to a temporary file beside `path`, flushes it to the disk and renames it over
-/// `path`; "-" is standard output. On failure `path` is as it was, and `error` says why.
+/// `path`; "-" is standard output, where a pipe that its reader closed is no failure. On failure
+/// `path` is as it was, and `error` says why.
 bool WriteOutput(std::string const& path, std::string_view bytes, std::string& error);
 
 }  // namespace fighost

@@ -173,7 +173,8 @@ std::vector<PortEntry> ListPorts(Session const& session) {
             entry.carries = onHighway ? "highway" : "net";
             if (onHighway && record->GetHighway()) entry.target = record->GetHighway()->GetName();
             if (!onHighway && record->GetNet()) entry.target = record->GetNet()->GetName();
-            entry.sheets.push_back(sheet.path);
+            bool const isNew = entry.sheets.empty() || entry.sheets.back() != sheet.path;
+            if (isNew) entry.sheets.push_back(sheet.path);
         }
     }
     std::vector<PortEntry> list;

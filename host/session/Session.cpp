@@ -16,6 +16,7 @@
 #include <figrep/Setting.h>
 #include <readers/kicad/ReadDesign.h>
 #include <session/SheetFrame.h>
+#include <zvk/Depiction.h>
 
 namespace fighost {
 
@@ -95,6 +96,28 @@ private:
     std::vector<SmartPtr<figrep::PortNode>> nodes_;
 };
 
+// Entering the node of a highway's port tidies away the nets that no other figure carries on, and
+// while figures are still being entered that would be all of them. The authoring application
+// doesn't tidy.
+class WithoutTidying {
+public:
+    WithoutTidying() : before_(zvk::depiction::IsRunningDepict()) {
+        zvk::depiction::SetRunningDepict(true);
+    }
+    WithoutTidying(WithoutTidying const&) = delete;
+    WithoutTidying& operator=(WithoutTidying const&) = delete;
+    ~WithoutTidying() { zvk::depiction::SetRunningDepict(before_); }
+
+private:
+    bool before_;
+};
+
+void RegisterPorts(std::vector<SessionSheet> const& sheets) {
+    WithoutTidying const guard;
+    for (SessionSheet const& sheet : sheets)
+        PortRegistrar(sheet.figure).Register();
+}
+
 }  // namespace
 
 Session::Opened Session::Open(std::string const& path, SessionOptions const& options) {
@@ -131,8 +154,7 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
         sheets_.back().path = source.sheets[i].path;
     }
     // All figures must be there before ports are entered: a port looks for the others.
-    for (SessionSheet const& sheet : sheets_)
-        PortRegistrar(sheet.figure).Register();
+    RegisterPorts(sheets_);
     for (SessionSheet const& sheet : sheets_)
         sheet.figure->UpdateContent();
     return true;

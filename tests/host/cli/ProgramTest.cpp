@@ -3,6 +3,7 @@
 #include <host/cli/RunProgram.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 
 namespace fighost::test {
@@ -157,6 +158,88 @@ TEST(Program, BackgroundIsPaintedOrLeftOut) {
 TEST(Program, TheSameInputGivesTheSameBytes) {
     std::vector<std::string> const arguments = {"render", EXAMPLE, "--sheet", "/", "-o", "-"};
     EXPECT_EQ(Figrep(arguments).out, Figrep(arguments).out);
+}
+
+std::size_t Count(std::string const& text, std::string const& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
+unsigned PngWidth(std::string const& png) {
+    if (png.size() < 24 || png.substr(1, 3) != "PNG") return 0;
+    unsigned width = 0;
+    for (std::size_t i = 16; i < 20; ++i)
+        width = width * 256 + static_cast<unsigned char>(png[i]);
+    return width;
+}
+
+TEST(Program, ExtensionChoosesTheFormatAndFormatOverridesIt) {
+    TemporaryFolder folder;
+    auto begin = [&](std::string const& name, std::vector<std::string> const& more) {
+        std::vector<std::string> arguments = {"render", EXAMPLE,           "--sheet", "/",
+                                              "-o",     folder.Path(name), "--dpi",   "30"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        EXPECT_EQ(Figrep(arguments).code, 0);
+        return ReadFile(folder.Path(name)).substr(0, 5);
+    };
+    EXPECT_EQ(begin("a.svg", {}), "<?xml");
+    EXPECT_EQ(begin("a.png", {}).substr(1, 3), "PNG");
+    EXPECT_EQ(begin("a.pdf", {}), "%PDF-");
+    EXPECT_EQ(begin("b.svg", {"--format", "pdf"}), "%PDF-");
+}
+
+TEST(Program, SizeOfAnImageIsByDotsPerInchOrByPixels) {
+    auto width = [](std::string const& option, std::string const& value) {
+        return PngWidth(
+            Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "-", "--format", "png", option, value})
+                .out);
+    };
+    EXPECT_EQ(width("--size", "640"), 640u);
+    unsigned const coarse = width("--dpi", "20");
+    EXPECT_NEAR(width("--dpi", "40"), 2.0 * coarse, 1);
+    EXPECT_GT(coarse, 100u);
+}
+
+TEST(Program, DocumentHasAPageForEachSheetAndLinksBetweenThem) {
+    Outcome const outcome = Figrep({"render", EXAMPLE, "-o", "-", "--format", "pdf"});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_EQ(Count(outcome.out, "/Type /Page\n") + Count(outcome.out, "/Type /Page "), 6u);
+    EXPECT_GT(Count(outcome.out, "/Subtype /Link"), 20u);
+    for (char const* name : {"Power", "Controller", "Sensor indoors", "Display"}) {
+        EXPECT_NE(outcome.out.find("/Title (" + std::string(name) + ")"), std::string::npos)
+            << name;
+    }
+}
+
+TEST(Program, DocumentOfOneSheetHasNoLinksToSheetsThatAreNotInIt) {
+    Outcome const outcome =
+        Figrep({"render", EXAMPLE, "--sheet", "Display", "-o", "-", "--format", "pdf"});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_EQ(Count(outcome.out, "/Subtype /Link"), 0u);
+}
+
+TEST(Program, PortsNameEachSheetOnce) {
+    json const ports = json::parse(Figrep({"list", "ports", EXAMPLE, "--json"}).out);
+    ASSERT_FALSE(ports.empty());
+    for (json const& port : ports) {
+        std::vector<std::string> sheets = port.at("sheets");
+        std::size_t const count = sheets.size();
+        std::sort(sheets.begin(), sheets.end());
+        sheets.erase(std::unique(sheets.begin(), sheets.end()), sheets.end());
+        EXPECT_EQ(sheets.size(), count) << port.at("name");
+    }
+}
+
+TEST(Program, ReaderThatClosesThePipeEarlyEndsQuietly) {
+    TemporaryFolder folder;
+    std::string const command = "{ '" FIGREP_BINARY_DIR "/bin/figrep' list items '" + EXAMPLE +
+                                "' --json 2>'" + folder.Path("err") + "'; echo $? >'" +
+                                folder.Path("code") + "'; } | true";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(ReadFile(folder.Path("code")), "0\n");
+    EXPECT_EQ(ReadFile(folder.Path("err")), "");
 }
 
 TEST(Program, QuietPrintsNoProgress) {
