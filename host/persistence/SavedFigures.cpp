@@ -67,8 +67,11 @@ std::string ReadFigure(SerializedContentElement const& element, SavedFigure& fig
 }
 
 ReadFigures ErrorAt(std::string const& path, std::string const& sentence) {
+    Finding error;
+    error.place.file = path;
+    error.sentence = sentence;
     ReadFigures result;
-    result.error = Finding{{path, 0, 0}, sentence};
+    result.error = std::move(error);
     return result;
 }
 

@@ -141,11 +141,11 @@ void SheetWires::CheckMembers() {
 }
 
 std::vector<SourceIndex> SheetWires::Highways() const {
-    return AllKeys(highwayBuses, highwayPorts, highwayTaps);
+    return AllKeys(highwayBuses, highwayPorts, highwayTaps, highwayDecorations);
 }
 
 std::vector<SourceIndex> SheetWires::Nets() const {
-    return AllKeys(netWires, netTaps, netPorts, netPins);
+    return AllKeys(netWires, netTaps, netPorts, netPins, netDecorations);
 }
 
 HighwayDrawing SheetWires::DrawingOfHighway(SourceIndex highway) const {

@@ -84,6 +84,14 @@ TEST(Decoration, WithoutAPieceGoesToTheSheet) {
     EXPECT_EQ(text->GetText().GetString(), "lost");
 }
 
+TEST(Decoration, OfANetOrHighwayThatTheSheetDoesNotShowGoesToTheSheet) {
+    Drawing drawing;
+    drawing.Label("A", "net", 8, 3).BusLabel("H", "bus", 4, 0);
+    auto const design = drawing.BuildDesign();
+    EXPECT_EQ(DumpVisits(*design->GetSheets().front()),
+              "sheet S1\nlabels\nstart\ntext bus\ntext net\nend");
+}
+
 TEST(Decoration, OfAHighwayGoesToItsSegment) {
     Drawing drawing;
     drawing.Bus("H", 0, 0, 10, 0).BusLabel("H", "D[0..7]", 4, 0);
