@@ -10,7 +10,7 @@ HighwaySegmentRecord::HighwaySegmentRecord(SubHighwayRecord* owner, dg::DPoint2D
     : Record(nullptr, nullptr), subHighway(owner), start(from), end(to) {}
 
 figk::SmartPtr<figk::SubHighway> HighwaySegmentRecord::GetSubHighway() const {
-    return Upward<figk::SubHighway>(subHighway);
+    return du::Upward<figk::SubHighway>(subHighway);
 }
 
 figk::SmartPtr<figk::Design> HighwaySegmentRecord::GetDesign() const {
@@ -29,7 +29,7 @@ SubHighwayRecord::~SubHighwayRecord() {
 }
 
 figk::SmartPtr<figk::Highway> SubHighwayRecord::GetHighway() const {
-    return Upward<figk::Highway>(highway);
+    return du::Upward<figk::Highway>(highway);
 }
 
 std::string const& SubHighwayRecord::GetName() const {

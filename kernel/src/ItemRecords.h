@@ -20,7 +20,7 @@ public:
         : SheetItemRecord(sheet), position(place), hidden(isHidden) {}
 
     figk::SmartPtr<figk::BaseBlockInstance> GetBlockInstance() const override {
-        return Upward<figk::BaseBlockInstance>(block);
+        return du::Upward<figk::BaseBlockInstance>(block);
     }
     dg::DPoint2D const& GetPosition() const override { return position; }
     bool GetHidden() const override { return hidden; }

@@ -3,6 +3,7 @@
 
 #include <du/RefCounted.h>
 #include <du/SmartPtr.h>
+#include <du/Upward.h>
 
 namespace figk {
 class Design;
@@ -19,9 +20,7 @@ public:
     explicit OwnerLink(T* target) : owner(target) {}
 
     /// Null once the owner is going or gone.
-    du::SmartPtr<T> Get() const {
-        return owner && owner->TryAddRef() ? du::Adopt(owner) : du::SmartPtr<T>();
-    }
+    du::SmartPtr<T> Get() const { return du::Upward(owner); }
     void Clear() { owner = nullptr; }
 
 private:
@@ -41,11 +40,5 @@ public:
 private:
     du::SmartPtr<DesignLink> design;
 };
-
-/// A counted pointer to the target of a plain upward pointer that its owner clears in time.
-template <class T, class U>
-du::SmartPtr<T> Upward(U* target) {
-    return target && target->TryAddRef() ? du::Adopt(static_cast<T*>(target)) : du::SmartPtr<T>();
-}
 
 }  // namespace figkernel

@@ -10,7 +10,7 @@ NetSegmentRecord::NetSegmentRecord(SubNetRecord* owner, dg::DPoint2D const& from
     : Record(nullptr, nullptr), subNet(owner), start(from), end(to) {}
 
 figk::SmartPtr<figk::SubNet> NetSegmentRecord::GetSubNet() const {
-    return Upward<figk::SubNet>(subNet);
+    return du::Upward<figk::SubNet>(subNet);
 }
 
 figk::SmartPtr<figk::Design> NetSegmentRecord::GetDesign() const {
@@ -25,7 +25,7 @@ SubNetRecord::~SubNetRecord() {
 }
 
 figk::SmartPtr<figk::Net> SubNetRecord::GetNet() const {
-    return Upward<figk::Net>(net);
+    return du::Upward<figk::Net>(net);
 }
 
 std::string const& SubNetRecord::GetName() const {

@@ -10,7 +10,7 @@ PortNodeRecord::PortNodeRecord(du::SmartPtr<SheetLink> const& sheet, PortRecord*
     : Record(nullptr, nullptr), link(sheet), port(owner), position(place) {}
 
 figk::SmartPtr<figk::Port> PortNodeRecord::GetPort() const {
-    return Upward<figk::Port>(port);
+    return du::Upward<figk::Port>(port);
 }
 
 std::string const& PortNodeRecord::GetName() const {
@@ -34,11 +34,11 @@ PortRecord::~PortRecord() {
 }
 
 figk::SmartPtr<figk::Net> PortRecord::GetNet() const {
-    return Upward<figk::Net>(net);
+    return du::Upward<figk::Net>(net);
 }
 
 figk::SmartPtr<figk::Highway> PortRecord::GetHighway() const {
-    return Upward<figk::Highway>(highway);
+    return du::Upward<figk::Highway>(highway);
 }
 
 }  // namespace figkernel

@@ -1,5 +1,6 @@
 #include <figrep/Port.h>
 
+#include <du/Upward.h>
 #include <figk/Highway.h>
 #include <figk/Net.h>
 #include <figk/Port.h>
@@ -61,7 +62,7 @@ std::vector<SmartPtr<PortNode>> Port::GetPortNodes() const {
     zvk::ReadGuard const guard(GetLock());
     std::vector<SmartPtr<PortNode>> nodes;
     for (PortNode* const node : portNodes_) {
-        if (node) nodes.emplace_back(node);
+        if (auto held = du::Upward(node)) nodes.push_back(held);
     }
     return nodes;
 }

@@ -1,11 +1,12 @@
 #include <figrep/FigureLink.h>
 
+#include <du/Upward.h>
 #include <figrep/Figure.h>
 
 namespace figrep {
 
 SmartPtr<Figure> FigureLink::GetFigure() const {
-    return SmartPtr<Figure>(figure_);
+    return du::Upward(figure_);
 }
 
 }  // namespace figrep

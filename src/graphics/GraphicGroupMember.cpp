@@ -1,5 +1,6 @@
 #include <figrep/GraphicGroupMember.h>
 
+#include <du/Upward.h>
 #include <figrep/GraphicGroup.h>
 
 namespace figrep {
@@ -14,7 +15,7 @@ GraphicGroupMember& GraphicGroupMember::operator=(GraphicGroupMember const&) {
 GraphicGroupMember::~GraphicGroupMember() = default;
 
 SmartPtr<GraphicGroup> GraphicGroupMember::GetOwner() const {
-    return SmartPtr<GraphicGroup>(graphicOwner_);
+    return du::Upward(graphicOwner_);
 }
 
 SettingList const* GraphicGroupMember::GetMemberSettings() const {

@@ -17,6 +17,7 @@ TextLabelContainer& TextLabelContainer::operator=(TextLabelContainer const&) {
 }
 
 TextLabelContainer::~TextLabelContainer() {
+    zvk::WriteGuard guard(labelLock_);
     if (textGroup_) textGroup_->container_ = nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include <figrep/TextLabelContainerGroup.h>
 
+#include <du/Upward.h>
 #include <figrep/SettingList.h>
 #include <figrep/TextLabelContainer.h>
 
@@ -13,7 +14,7 @@ TextLabelContainerGroup::TextLabelContainerGroup(TextLabelContainer* container)
 TextLabelContainerGroup::~TextLabelContainerGroup() = default;
 
 SmartPtr<TextLabelContainer> TextLabelContainerGroup::GetTextLabelContainer() const {
-    return SmartPtr<TextLabelContainer>(container_);
+    return du::Upward(container_);
 }
 
 ConstSmartPtr<figk::Setting> TextLabelContainerGroup::GetGroupSetting(Setting::RepKey key,

@@ -1,5 +1,6 @@
 #include <figk/Group.h>
 
+#include <du/Upward.h>
 #include <figk/AbstractItem.h>
 #include <figk/AbstractVisitor.h>
 #include <figk/GraphicGroup.h>
@@ -46,7 +47,7 @@ bool GroupMember::IsGroup() const {
 }
 
 SmartPtr<Group> GroupMember::GetOwner() const {
-    return SmartPtr<Group>(owner_);
+    return du::Upward(owner_);
 }
 
 SmartPtr<Group> GroupMember::GetGroup() const {
@@ -58,7 +59,7 @@ SmartPtr<Group> GroupMember::GetHeadGroup() const {
     while (head && static_cast<GroupMember*>(head)->owner_) {
         head = static_cast<GroupMember*>(head)->owner_;
     }
-    return SmartPtr<Group>(head);
+    return du::Upward(head);
 }
 
 Group::Group() = default;

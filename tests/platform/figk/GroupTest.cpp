@@ -26,6 +26,21 @@ TEST(Group, MembersStandInTheOrderOfInsertion) {
     EXPECT_EQ(a->GetGroup(), group);
 }
 
+TEST(Group, DyingIsNobodysOwner) {
+    class Asking : public figk::Group {
+    public:
+        ~Asking() override {
+            EXPECT_FALSE(member->GetOwner());
+            EXPECT_FALSE(member->GetHeadGroup());
+        }
+        MemberPtr member = MemberPtr(new Plain());
+    };
+    du::SmartPtr<Asking> group(new Asking());
+    group->Insert(group->member);
+    EXPECT_EQ(group->member->GetOwner().Get(), group.Get());
+    group.Reset();
+}
+
 TEST(Group, InsertingAMemberTwiceChangesNothing) {
     GroupPtr group(new figk::Group());
     MemberPtr a(new Plain());
