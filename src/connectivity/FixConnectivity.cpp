@@ -184,13 +184,14 @@ SmartPtr<HighwaySegment> FixConnectivity::FindHighwaySegment(
 std::vector<SmartPtr<PortNode>> const& FixConnectivity::AcquireSubHighwayLeafPortNodes(
     SmartPtr<SubHighway> const& subHighway) {
     auto const [place, isNew] = subHighwayLeafPortNodes_.try_emplace(subHighway);
+    auto& nodes = place->second;
     if (isNew) {
         WalkNodes(subHighway->GetHead(), [&](SmartPtr<ConnectionNode> const& node) {
             auto const portNode = du::DynamicCast<PortNode>(node);
-            if (portNode && node->IsLeaf()) place->second.push_back(portNode);
+            if (portNode && node->IsLeaf()) nodes.push_back(portNode);
         });
     }
-    return place->second;
+    return nodes;
 }
 
 bool FixConnectivity::PortNodeShouldBeOnSubNet(SmartPtr<PortNode> const& portNode,
@@ -331,8 +332,9 @@ void FixConnectivity::PopulateCable(CableInstance& cable, SubNetToSubNet const& 
     auto const record = cable.GetKernelCableInstance();
     if (!record) return;
     for (auto const& net : record->GetNets()) {
+        if (!net) continue;
         for (auto const& kernelSubNet : net->GetSubNets()) {
-            if (IsOtherSheet(kernelSubNet->GetSheet())) continue;
+            if (!kernelSubNet || IsOtherSheet(kernelSubNet->GetSheet())) continue;
             auto const place = map.find(kernelSubNet);
             if (place != map.end()) cable.Add(place->second);
         }
@@ -354,7 +356,7 @@ void FixConnectivity::RebuildGroups() {
         if (!record) continue;
         for (auto const& child : record->GetChildren()) {
             auto const place = map.find(child);
-            if (place == map.end() || IsOtherSheet(child->GetSheet())) continue;
+            if (!child || place == map.end() || IsOtherSheet(child->GetSheet())) continue;
             block->Add(place->second);
         }
     }

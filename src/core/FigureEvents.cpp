@@ -16,6 +16,7 @@ FigureChangedEvent& FigureChangedEvent::operator=(FigureChangedEvent const&) = d
 FigureChangedEvent::~FigureChangedEvent() = default;
 
 void FigureChangedEvent::PostEvent(SmartPtr<dom::ObserverProxy> const& proxy) const {
+    if (!proxy) return;
     proxy->Begin();
     proxy->PushUInt8Value(eventId_);
     proxy->End();
@@ -31,6 +32,7 @@ FigureItemsChangedEvent& FigureItemsChangedEvent::operator=(FigureItemsChangedEv
 FigureItemsChangedEvent::~FigureItemsChangedEvent() = default;
 
 void FigureItemsChangedEvent::PostEvent(SmartPtr<dom::ObserverProxy> const& proxy) const {
+    if (!proxy) return;
     proxy->Begin();
     proxy->PushUInt8Value(eventId_);
     proxy->PushSmartPtr(items_);

@@ -19,6 +19,12 @@ protected:
     SmartPtr<Recorder> recorder = new Recorder();
 };
 
+TEST_F(FigureEvents, WithoutAProxyReachNobody) {
+    FigureChangedEvent(figure, 1).PostEvent({});
+    FigureItemsChangedEvent(figure, {Item("a")}, 1, true).PostEvent({});
+    EXPECT_EQ(recorder->Take(), Lines{});
+}
+
 TEST_F(FigureEvents, NullObserverIsRefused) {
     EXPECT_FALSE(figure->RegisterObserver({}));
     EXPECT_FALSE(figure->UnregisterObserver({}));
