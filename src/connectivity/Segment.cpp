@@ -119,11 +119,12 @@ void Segment::AcceptContents(AbstractFigureVisitor& visitor) {
 }
 
 DBox2D Segment::GetExtents() {
-    zvk::ReadGuard const guard(GetLock());
-    if (GetCachedExtents() == DBox2D::EMPTY) {
-        zvk::WriteGuard const writing(GetLock());
-        SetCachedExtents(DBox2D(start_, end_));
+    {
+        zvk::ReadGuard const guard(GetLock());
+        if (!(GetCachedExtents() == DBox2D::EMPTY)) return GetCachedExtents();
     }
+    zvk::WriteGuard const guard(GetLock());
+    if (GetCachedExtents() == DBox2D::EMPTY) SetCachedExtents(DBox2D(start_, end_));
     return GetCachedExtents();
 }
 

@@ -184,11 +184,12 @@ SmartPtr<figk::Attribute> SubHighway::GetInheritedAttribute(Symbol const& name) 
 // Extents.
 
 DBox2D SubHighway::GetExtents() {
-    zvk::ReadGuard const guard(GetLock());
-    if (GetCachedExtents() == DBox2D::EMPTY) {
-        zvk::WriteGuard const writing(GetLock());
-        SetCachedExtents(GetSubHighwayExtents());
+    {
+        zvk::ReadGuard const guard(GetLock());
+        if (!(GetCachedExtents() == DBox2D::EMPTY)) return GetCachedExtents();
     }
+    zvk::WriteGuard const guard(GetLock());
+    if (GetCachedExtents() == DBox2D::EMPTY) SetCachedExtents(GetSubHighwayExtents());
     return GetCachedExtents();
 }
 

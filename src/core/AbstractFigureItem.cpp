@@ -105,9 +105,13 @@ void AbstractFigureItem::SetFigure(SmartPtr<Figure> const& figure) {
 }
 
 DBox2D AbstractFigureItem::GetExtents() {
-    if (itemExtents_ == DBox2D::EMPTY) {
-        if (auto const graphics = GetZv2dGraphics()) itemExtents_ = graphics->GetExtents();
+    {
+        zvk::ReadGuard guard(itemLock_);
+        if (!(itemExtents_ == DBox2D::EMPTY)) return itemExtents_;
     }
+    auto const graphics = GetZv2dGraphics();
+    zvk::WriteGuard guard(itemLock_);
+    if (graphics && itemExtents_ == DBox2D::EMPTY) itemExtents_ = graphics->GetExtents();
     return itemExtents_;
 }
 
