@@ -123,6 +123,7 @@ private:
     DBox2D GetSubNetExtents() const;
     /// Another number whenever a highway on which the sub-net runs has changed.
     std::uint64_t HighwayRevision() const;
+    bool ExtentsAreCurrent() const;
 
     /// The wires have other ends: forgets the box and asks for pictures.
     void WiresChanged();

@@ -88,6 +88,7 @@ void HighwaySegment::Add(SmartPtr<SubNet> const& subNet) {
     if (!subNet) return;
     zvk::WriteGuard const guard(GetLock());
     subNets_.Add(subNet);
+    if (subHighway_) subHighway_->ForgetExtents();  // a net's box takes in its segments here
 }
 
 std::vector<SmartPtr<SubNet>> HighwaySegment::GetSubNets() const {
@@ -103,6 +104,7 @@ bool HighwaySegment::Visit(SmartPtr<SubNet> const& subNet) const {
 void HighwaySegment::Remove(SmartPtr<SubNet> const& subNet) {
     zvk::WriteGuard const guard(GetLock());
     subNets_.Remove(subNet);
+    if (subHighway_) subHighway_->ForgetExtents();
 }
 
 SmartPtr<figk::HighwaySegment> HighwaySegment::GetKernelHighwaySegment() const {

@@ -99,7 +99,9 @@ SmartPtr<ConnectionNode> SubNet::GetStartNode() const {
 
 void SubNet::SetStartNode(SmartPtr<ConnectionNode> const& node) {
     zvk::WriteGuard const guard(GetLock());
+    if (node == startNode_) return;
     startNode_ = node;
+    WiresChanged();  // arrows run from the start
 }
 
 SmartPtr<NetSegment> SubNet::GetStartSegment() const {
@@ -109,7 +111,9 @@ SmartPtr<NetSegment> SubNet::GetStartSegment() const {
 
 void SubNet::SetStartSegment(SmartPtr<NetSegment> const& segment) {
     zvk::WriteGuard const guard(GetLock());
+    if (segment == startSegment_) return;
     startSegment_ = segment;
+    WiresChanged();
 }
 
 // Highways and cable.
@@ -267,14 +271,21 @@ SmartPtr<figk::Attribute> SubNet::GetInheritedAttribute(Symbol const& name) cons
 // Extents.
 
 DBox2D SubNet::GetExtents() {
-    zvk::ReadGuard const guard(GetLock());
-    std::uint64_t const revision = HighwayRevision();
-    if (GetCachedExtents() == DBox2D::EMPTY || extentsRevision_ != revision) {
-        zvk::WriteGuard const writing(GetLock());
+    {
+        zvk::ReadGuard const guard(GetLock());
+        if (ExtentsAreCurrent()) return GetCachedExtents();
+    }
+    zvk::WriteGuard const guard(GetLock());
+    if (!ExtentsAreCurrent()) {
+        std::uint64_t const revision = HighwayRevision();
         SetCachedExtents(GetSubNetExtents());
         extentsRevision_ = revision;
     }
     return GetCachedExtents();
+}
+
+bool SubNet::ExtentsAreCurrent() const {
+    return !(GetCachedExtents() == DBox2D::EMPTY) && extentsRevision_ == HighwayRevision();
 }
 
 DBox2D SubNet::GetSubNetExtents() const {

@@ -215,6 +215,32 @@ TEST(SubNet, BoxHoldsItsStretchOfAHighwayAndFollowsIt) {
     EXPECT_EQ(wiring.bus->GetExtents(), DBox2D(-10, 0, -9, 5));
 }
 
+TEST(SubNet, BoxFollowsWhichSegmentsOfAHighwayItRunsOn) {
+    BusWiring wiring(2);
+    auto const net = wiring.nets[0];
+    EXPECT_EQ(net->GetExtents(), DBox2D(0, 1, 5, 2));
+    wiring.trunk[0]->Add(net);
+    EXPECT_EQ(net->GetExtents(), DBox2D(0, 0, 5, 2));
+    wiring.trunk[0]->Remove(net);
+    EXPECT_EQ(net->GetExtents(), DBox2D(0, 1, 5, 2));
+}
+
+TEST(SubNet, AnotherStartAsksForNewPictures) {
+    Wiring wiring;
+    auto const net = wiring.Net();
+    auto const wire = wiring.Wire(net, DPoint2D(0, 0), DPoint2D(4, 0));
+    net->SetGraphicalUpdateNeeded(false);
+    net->SetStartSegment(wire);
+    EXPECT_TRUE(net->GetGraphicalUpdateNeeded());
+    net->SetGraphicalUpdateNeeded(false);
+    net->SetStartNode(wire);
+    EXPECT_TRUE(net->GetGraphicalUpdateNeeded());
+    net->SetGraphicalUpdateNeeded(false);
+    net->SetStartNode(wire);
+    net->SetStartSegment(wire);
+    EXPECT_FALSE(net->GetGraphicalUpdateNeeded());
+}
+
 TEST(SubNet, HighlightReachesItsWiresAndAsksForNewPicturesOfItsHighways) {
     BusWiring wiring(2);
     wiring.bus->SetGraphicalUpdateNeeded(false);
