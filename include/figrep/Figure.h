@@ -191,7 +191,7 @@ public:
     void UpdateContent();
     bool GetGraphicRegenerationSuspended() const;
     void SetGraphicRegenerationSuspended(bool suspended);
-    bool ItemHasCrossingPoints(SmartPtr<AbstractFigureItem> const& item);
+    virtual bool ItemHasCrossingPoints(SmartPtr<AbstractFigureItem> const& item);
     /// Notes that the course of a sub-net or sub-highway changed, so that its crossings and arrows
     /// are looked at again. Sub-nets and sub-highways call it; constant time.
     void NoteWireChanged(AbstractFigureItem& wire);

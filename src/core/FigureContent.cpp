@@ -177,6 +177,8 @@ void Figure::RemoveItem(SmartPtr<AbstractFigureItem> const& item) {
     findVisitor_->Clear();
 }
 
+// What could keep a block alive in a ring are the nodes of its connectors. They stand in sub-nets,
+// which are cut with the figure, so a block that leaves needs no remembering.
 void Figure::RemoveBlockInstance(SmartPtr<AbstractFigureItem> const& item) {
     if (!EraseFirst(blockInstances_, du::DynamicCast<BlockInstance>(item))) return;
     RemoveItemFromSbomKernelFigureMap(item);
