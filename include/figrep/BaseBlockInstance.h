@@ -66,6 +66,8 @@ protected:
 
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
+    void SettingsChanged() override;
+    void MemberExtentsChanged() override;
     void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
     SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
 
@@ -78,6 +80,11 @@ protected:
     virtual void TransformAlone(BlockTransform const& transform);
     /// Sets one look of this block without its children.
     virtual void SetLookAlone(BlockLook const& look);
+
+    /// Tells what this block holds besides its children that settings above it changed.
+    virtual void InheritedSettingsChanged() {}
+    /// Notes here and above that a cable stands in this block, so that settings concern it.
+    void NoteCable();
 
 private:
     friend class ConnectorInstance;
@@ -94,12 +101,16 @@ private:
     void TransformFamily(BlockTransform const& transform);
     void SetFamilyLook(BlockLook const& look);
     DBox2D MeasureExtents();
+    /// Forgets the boxes of this block and of those above. Where the box is unknown, those above
+    /// are unknown too, so it stops there.
     void ForgetExtents();
     SmartPtr<figk::Zv2dGraphics> GetPictureInPlace() const;
 
     std::vector<SmartPtr<ConnectorInstance>> connectorInstances_;
     BaseBlockInstance* parent_ = nullptr;
     std::vector<SmartPtr<BaseBlockInstance>> children_;
+    bool holdsCable_ = false;    ///< itself, or somewhere below, now or once
+    bool extentsKnown_ = false;  ///< then those of all children are, too
     /// The kernel's picture no longer stands where this block does.
     bool transformed_ = false;
 };

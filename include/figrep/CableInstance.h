@@ -34,7 +34,7 @@ protected:
     void SetLookAlone(BlockLook const& look) override;
     void DeriveId() override;
     /// Marks the sub-nets, which inherit from the cable.
-    void SettingsChanged() override;
+    void InheritedSettingsChanged() override;
 
 private:
     std::vector<SmartPtr<SubNet>> subNets_;

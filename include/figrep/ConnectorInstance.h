@@ -65,6 +65,7 @@ public:
 
 protected:
     void DeriveId() override;
+    void MemberExtentsChanged() override;
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                      bool inheritableOnly) const override;
     void GetAllInheritedAttributes(figk::AttributeSet& out) const override;

@@ -54,6 +54,11 @@ public:
     virtual ConstSmartPtr<figk::Setting> GetGroupSetting(Setting::RepKey key, unsigned& depth,
                                                          bool inheritableOnly) const;
 
+protected:
+    /// Called when the box of the members may have changed, here or in a group below. What keeps a
+    /// box of its own forgets it. The base does nothing.
+    virtual void MemberExtentsChanged() {}
+
 private:
     template <typename Action>
     void ForEachMember(Action const& action);

@@ -134,6 +134,13 @@ protected:
                                                                  unsigned int& depth,
                                                                  bool inheritableOnly) const;
 
+    /// What a child gets from this list, which itself inherits `inherited` from `depth` steps away:
+    /// `GetSetting` with `inheritableOnly` for whoever walks a chain of parents from the top.
+    /// `depth` becomes that of the answer.
+    du::ConstSmartPtr<figk::Setting> GetSettingOver(
+        du::ConstSmartPtr<figk::Setting> const& inherited, Setting::RepKey key,
+        unsigned int& depth) const;
+
     /// Called, with the lock held, after every change of the list's contents.
     virtual void SettingsChanged();
 
@@ -150,6 +157,8 @@ private:
     struct LineParts;
 
     Store& OwnStore();
+    bool FindOwn(Setting::RepKey key, bool inheritableOnly,
+                 du::ConstSmartPtr<figk::Setting>& best) const;
     bool IsKernelValue(Setting const& setting) const;
     bool AddLocalSetting(du::ConstSmartPtr<Setting> const& setting);
     LineParts FindLineParts() const;

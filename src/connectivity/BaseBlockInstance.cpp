@@ -1,5 +1,6 @@
 #include <figrep/BaseBlockInstance.h>
 
+#include <du/Upward.h>
 #include <figk/BaseBlockInstance.h>
 #include <figrep/AbstractFigureVisitor.h>
 #include <figrep/ConnectorInstance.h>
@@ -93,6 +94,7 @@ BaseBlockInstance::BaseBlockInstance(SmartPtr<zvk::ReadWriteLock> const& lock,
     : GraphicalFigureItem(lock, name), TextLabelContainer(lock) {}
 
 BaseBlockInstance::~BaseBlockInstance() {
+    zvk::WriteGuard const guard(GetLock());
     for (auto const& connector : connectorInstances_)
         connector->blockInstance_ = nullptr;
     // Children that nobody else holds die here one by one, however deep they are nested.
@@ -108,6 +110,7 @@ BaseBlockInstance::~BaseBlockInstance() {
 void BaseBlockInstance::GiveUpChildren(Family& orphans) {
     for (auto const& child : children_) {
         if (child->parent_ == this) child->parent_ = nullptr;
+        if (child->GetRefCount() > 1) child->SettingsChanged();
         orphans.push_back(child);
     }
     children_.clear();
@@ -126,10 +129,15 @@ void BaseBlockInstance::Add(SmartPtr<BaseBlockInstance> const& child) {
     if (!child) return;
     zvk::WriteGuard const guard(GetLock());
     if (IsInside(*child) || child->parent_ == this) return;
-    if (child->parent_) std::erase(child->parent_->children_, child);
+    if (BaseBlockInstance* const former = child->parent_) {
+        former->ForgetExtents();
+        std::erase(former->children_, child);
+    }
     children_.push_back(child);
     child->SetParent(SmartPtr<BaseBlockInstance>(this));
     ForgetExtents();
+    if (child->holdsCable_) NoteCable();
+    child->SettingsChanged();
 }
 
 bool BaseBlockInstance::IsInside(BaseBlockInstance const& other) const {
@@ -146,7 +154,7 @@ void BaseBlockInstance::SetParent(SmartPtr<BaseBlockInstance> const& parent) {
 
 SmartPtr<BaseBlockInstance> BaseBlockInstance::GetParent() const {
     zvk::ReadGuard const guard(GetLock());
-    return SmartPtr<BaseBlockInstance>(parent_);
+    return du::Upward(parent_);
 }
 
 std::vector<SmartPtr<BaseBlockInstance>> BaseBlockInstance::GetChildren() const {
@@ -181,16 +189,17 @@ BaseBlockInstance::Family BaseBlockInstance::GetFamily() const {
 // Extents and fine checks.
 
 DBox2D BaseBlockInstance::GetExtents() {
-    zvk::ReadGuard const guard(GetLock());
-    if (GetCachedExtents() == DBox2D::EMPTY) {
-        zvk::WriteGuard const writing(GetLock());
-        Family const family = GetFamily();
-        for (auto it = family.rbegin(); it != family.rend(); ++it) {
-            BaseBlockInstance& block = **it;
-            if (block.GetCachedExtents() == DBox2D::EMPTY) {
-                block.SetCachedExtents(block.MeasureExtents());
-            }
-        }
+    {
+        zvk::ReadGuard const guard(GetLock());
+        if (extentsKnown_) return GetCachedExtents();
+    }
+    zvk::WriteGuard const guard(GetLock());
+    Family const family = GetFamily();
+    for (auto it = family.rbegin(); it != family.rend(); ++it) {
+        BaseBlockInstance& block = **it;
+        if (block.extentsKnown_) continue;
+        block.SetCachedExtents(block.MeasureExtents());
+        block.extentsKnown_ = true;
     }
     return GetCachedExtents();
 }
@@ -205,9 +214,14 @@ DBox2D BaseBlockInstance::MeasureExtents() {
 }
 
 void BaseBlockInstance::ForgetExtents() {
-    for (BaseBlockInstance* block = this; block; block = block->parent_) {
-        block->ResetCachedExtents();
+    for (BaseBlockInstance* block = this; block && block->extentsKnown_; block = block->parent_) {
+        block->extentsKnown_ = false;
     }
+}
+
+void BaseBlockInstance::MemberExtentsChanged() {
+    zvk::WriteGuard const guard(GetLock());
+    ForgetExtents();
 }
 
 SmartPtr<figk::Zv2dGraphics> BaseBlockInstance::GetPictureInPlace() const {
@@ -271,13 +285,12 @@ void BaseBlockInstance::TransformAlone(BlockTransform const& transform) {
     for (auto const& connector : connectorInstances_)
         transform.Apply(*connector, *this);
     transformed_ = true;
-    ResetCachedExtents();
+    ForgetExtents();
 }
 
 void BaseBlockInstance::TransformFamily(BlockTransform const& transform) {
     for (auto const& block : GetFamily())
         block->TransformAlone(transform);
-    ForgetExtents();
 }
 
 void BaseBlockInstance::Move(double dx, double dy) {
@@ -335,18 +348,36 @@ void BaseBlockInstance::AcceptConnectors(AbstractFigureVisitor& visitor) {
         connector->Accept(visitor);
 }
 
+void BaseBlockInstance::NoteCable() {
+    for (BaseBlockInstance* block = this; block && !block->holdsCable_; block = block->parent_)
+        block->holdsCable_ = true;
+}
+
+void BaseBlockInstance::SettingsChanged() {
+    if (!holdsCable_) return;
+    for (auto const& block : GetFamily())
+        block->InheritedSettingsChanged();
+}
+
 ConstSmartPtr<figk::Setting> BaseBlockInstance::GetInheritedSetting(Setting::RepKey key,
                                                                     unsigned int& depth,
                                                                     bool) const {
     zvk::ReadGuard const guard(GetLock());
+    std::vector<BaseBlockInstance const*> lineage;
+    for (BaseBlockInstance const* block = this; block; block = block->parent_)
+        lineage.push_back(block);
+    // From the top down, without recursion, since nesting may be deep.
     ConstSmartPtr<figk::Setting> setting;
-    if (parent_) setting = parent_->SettingList::GetSetting(key, depth, true);
-    // A parent in the figure has asked it already.
-    auto const figure = GetFigure();
-    if (!setting && figure && !(parent_ && parent_->GetFigure() == figure)) {
-        setting = figure->SettingList::GetSetting(key, depth, true);
+    SmartPtr<Figure> asked;
+    for (auto it = lineage.rbegin(); it != lineage.rend(); ++it) {
+        auto const figure = (*it)->GetFigure();
+        if (!setting && figure && !(figure == asked)) {
+            setting = figure->SettingList::GetSetting(key, depth, true);
+        }
+        asked = figure;
+        ++depth;
+        if (*it != this) setting = (*it)->GetSettingOver(setting, key, depth);
     }
-    ++depth;
     return setting;
 }
 

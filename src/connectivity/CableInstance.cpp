@@ -16,12 +16,14 @@ namespace figrep {
 CableInstance::CableInstance(SmartPtr<zvk::ReadWriteLock> const& lock,
                              SmartPtr<figk::CableInstance> const& kernelCable)
     : BaseBlockInstance(lock, kernelCable) {
+    NoteCable();
     CableInstance::DeriveId();
 }
 
 CableInstance::CableInstance(SmartPtr<Figure> const& figure, std::string const& name)
     : BaseBlockInstance(figure ? figure->GetLock() : SmartPtr<zvk::ReadWriteLock>(), name) {
     du::ConstructionGuard const guard(this);
+    NoteCable();
     CableInstance::DeriveId();
     if (figure) figure->Receive(SmartPtr<CableInstance>(this));
 }
@@ -69,7 +71,7 @@ void CableInstance::SetLookAlone(BlockLook const& look) {
         ((*subNet).*look.setItem)(look.on);
 }
 
-void CableInstance::SettingsChanged() {
+void CableInstance::InheritedSettingsChanged() {
     for (auto const& subNet : subNets_)
         subNet->SettingsChanged();
 }

@@ -1,5 +1,6 @@
 #include <figrep/ConnectorInstance.h>
 
+#include <du/Upward.h>
 #include <figk/ConnectorInstance.h>
 #include <figrep/AbstractFigureVisitor.h>
 #include <figrep/BaseBlockInstance.h>
@@ -63,7 +64,7 @@ SmartPtr<Figure> ConnectorInstance::GetFigure() const {
 
 SmartPtr<BaseBlockInstance> ConnectorInstance::GetBlockInstance() const {
     zvk::ReadGuard const guard(GetLock());
-    return SmartPtr<BaseBlockInstance>(blockInstance_);
+    return du::Upward(blockInstance_);
 }
 
 SmartPtr<figk::ConnectorInstance> ConnectorInstance::GetKernelConnectorInstance() const {
@@ -77,15 +78,16 @@ bool ConnectorInstance::GetHidden() const {
 }
 
 DBox2D ConnectorInstance::GetExtents() {
-    zvk::ReadGuard const guard(GetLock());
-    if (GetHidden()) return DBox2D::EMPTY;
-    if (GetCachedExtents() == DBox2D::EMPTY) {
-        zvk::WriteGuard const writing(GetLock());
-        DBox2D box = GraphicalFigureItem::GetExtents();
-        if (box == DBox2D::EMPTY) box.Enclose(position_);
-        SetCachedExtents(box);
+    {
+        zvk::ReadGuard const guard(GetLock());
+        if (GetHidden()) return DBox2D::EMPTY;
+        if (!(GetCachedExtents() == DBox2D::EMPTY)) return GetCachedExtents();
     }
-    return GetCachedExtents();
+    zvk::WriteGuard const guard(GetLock());
+    DBox2D box = GraphicalFigureItem::GetExtents();
+    if (box == DBox2D::EMPTY) box.Enclose(position_);
+    SetCachedExtents(box);
+    return box;
 }
 
 std::string ConnectorInstance::ToString() const {
@@ -143,6 +145,12 @@ std::vector<SmartPtr<ConnectorInstanceNode>> ConnectorInstance::GetConnections()
 
 void ConnectorInstance::GeometryChanged() {
     ResetCachedExtents();
+    if (blockInstance_) blockInstance_->ForgetExtents();
+}
+
+void ConnectorInstance::MemberExtentsChanged() {
+    zvk::WriteGuard const guard(GetLock());
+    GeometryChanged();
 }
 
 void ConnectorInstance::Move(SmartPtr<BaseBlockInstance> const&, double dx, double dy) {

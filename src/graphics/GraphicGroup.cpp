@@ -48,10 +48,13 @@ DBox2D GraphicGroup::GetMemberExtents() {
 }
 
 void GraphicGroup::InvalidateMemberExtents() {
-    memberExtents_ = DBox2D::EMPTY;
-    for (SmartPtr<GraphicGroup> group = GetOwner(); group; group = group->GetOwner()) {
-        group->memberExtents_ = DBox2D::EMPTY;
-    }
+    auto const forget = [](GraphicGroup& group) {
+        group.memberExtents_ = DBox2D::EMPTY;
+        group.MemberExtentsChanged();
+    };
+    forget(*this);
+    for (SmartPtr<GraphicGroup> group = GetOwner(); group; group = group->GetOwner())
+        forget(*group);
 }
 
 void GraphicGroup::SetMemberHighlight(bool on) {

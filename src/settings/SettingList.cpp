@@ -8,6 +8,18 @@ namespace figrep {
 
 using FoundSetting = du::ConstSmartPtr<figk::Setting>;
 
+namespace {
+
+/// Puts a setting from elsewhere in the place of the best so far if its level is higher.
+void Prefer(FoundSetting const& other, unsigned int otherDepth, FoundSetting& best,
+            unsigned int& depth) {
+    if (!other || (best && other->GetLevel() <= best->GetLevel())) return;
+    best = other;
+    depth = otherDepth;
+}
+
+}  // namespace
+
 SettingList::SettingList(du::SmartPtr<zvk::ReadWriteLock> const& lock,
                          du::ConstSmartPtr<figk::SettingList> const& kernelSettings)
     : kernelSettings_(kernelSettings), settingsLock_(lock) {}
@@ -97,34 +109,46 @@ FoundSetting SettingList::GetSetting(Setting::RepKey key, unsigned int& depth) c
     return GetSetting(key, depth, false);
 }
 
-FoundSetting SettingList::GetSetting(Setting::RepKey key, unsigned int& depth,
-                                     bool inheritableOnly) const {
-    zvk::ReadGuard const guard(settingsLock_);
-    depth = 0;
+/// Looks at the list's own settings; true when what was found outranks anything from elsewhere.
+bool SettingList::FindOwn(Setting::RepKey key, bool inheritableOnly, FoundSetting& best) const {
     auto const own = [&](Store::Tier tier) -> figk::Setting const* {
         figk::Setting const* const found = store_ ? store_->Find(tier, key) : nullptr;
         return found && (found->CanBeInherited() || !inheritableOnly) ? found : nullptr;
     };
     for (Store::Tier const tier : {Store::FIGURE, Store::UPPER_B, Store::UPPER_A}) {
-        if (figk::Setting const* found = own(tier)) return found;
+        best = own(tier);
+        if (best) return true;
     }
-    FoundSetting best = own(Store::PROFILE);
+    best = own(Store::PROFILE);
     figk::Setting const* const local = own(Store::LOCAL);
     if (local && (!best || local->GetLevel() == figk::Setting::LEVEL_FORCED)) best = local;
+    return false;
+}
 
-    auto const prefer = [&](FoundSetting const& other, unsigned int otherDepth) {
-        if (!other || (best && other->GetLevel() <= best->GetLevel())) return;
-        best = other;
-        depth = otherDepth;
-    };
+FoundSetting SettingList::GetSetting(Setting::RepKey key, unsigned int& depth,
+                                     bool inheritableOnly) const {
+    zvk::ReadGuard const guard(settingsLock_);
+    depth = 0;
+    FoundSetting best;
+    if (FindOwn(key, inheritableOnly, best)) return best;
     unsigned int furtherDepth = 0;
     FoundSetting further = GetInheritedSetting(key, furtherDepth, inheritableOnly);
-    prefer(further, furtherDepth);
+    Prefer(further, furtherDepth, best, depth);
     if (!inheritableOnly && !Setting::IsComplexKey(key)) {
         furtherDepth = 0;
         further = GetKernelSetting(Setting::GetKernelKey(key), furtherDepth, false);
-        prefer(further, furtherDepth);
+        Prefer(further, furtherDepth, best, depth);
     }
+    return best;
+}
+
+FoundSetting SettingList::GetSettingOver(FoundSetting const& inherited, Setting::RepKey key,
+                                         unsigned int& depth) const {
+    zvk::ReadGuard const guard(settingsLock_);
+    unsigned int const inheritedDepth = depth;
+    depth = 0;
+    FoundSetting best;
+    if (!FindOwn(key, true, best)) Prefer(inherited, inheritedDepth, best, depth);
     return best;
 }
 

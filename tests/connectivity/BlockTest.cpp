@@ -24,6 +24,11 @@ protected:
         return block;
     }
 
+    static SmartPtr<Setting> Colored(Color const& color) {
+        SmartPtr<figk::BaseSettingValue> const value(new figk::SettingValue<Color>(color));
+        return SmartPtr<Setting>(new Setting(Setting::COLOR, value, Setting::LEVEL_FORCED, true));
+    }
+
     Wiring wiring;
 };
 
@@ -68,6 +73,63 @@ TEST_F(BlockTest, BoxHoldsChildrenAndConnectors) {
     EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 21, 30));
 }
 
+TEST_F(BlockTest, BoxFollowsAGraphicThatMovesByItself) {
+    auto const parent = Block(DBox2D(0, 0, 1, 1));
+    auto const child = Block(DBox2D::EMPTY);
+    parent->Add(SmartPtr<BaseBlockInstance>(child));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 1, 1));
+    auto const graphic = GenericGraphic::Create(wiring.Lock(), DBox2D(0, 0, 2, 2),
+                                                SmartPtr<figk::Group>(child));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 2, 2));
+    graphic->MoveGraphics(5, 0);
+    EXPECT_EQ(child->GetExtents(), DBox2D(5, 0, 7, 2));
+    EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 7, 2));
+}
+
+TEST_F(BlockTest, BoxFollowsTheGraphicsOfAConnector) {
+    auto const block = Block(DBox2D(0, 0, 1, 1));
+    SmartPtr<ConnectorInstance> const pin =
+        new ConnectorInstance(block, wiring.Lock(), "1", DPoint2D(0, 0));
+    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 1, 1));
+    auto const graphic =
+        GenericGraphic::Create(wiring.Lock(), DBox2D(0, 0, 2, 2), SmartPtr<figk::Group>(pin));
+    EXPECT_EQ(pin->GetExtents(), DBox2D(0, 0, 2, 2));
+    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 2, 2));
+    graphic->MoveGraphics(5, 0);
+    EXPECT_EQ(pin->GetExtents(), DBox2D(5, 0, 7, 2));
+    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 7, 2));
+}
+
+TEST_F(BlockTest, BoxForgetsAChildThatWentToAnotherBlock) {
+    auto const former = Block(DBox2D(0, 0, 1, 1));
+    auto const later = Block(DBox2D(0, 0, 1, 1));
+    SmartPtr<BaseBlockInstance> const child = Block(DBox2D(5, 0, 6, 1));
+    former->Add(child);
+    EXPECT_EQ(former->GetExtents(), DBox2D(0, 0, 6, 1));
+    later->Add(child);
+    EXPECT_EQ(former->GetExtents(), DBox2D(0, 0, 1, 1));
+    EXPECT_EQ(later->GetExtents(), DBox2D(0, 0, 6, 1));
+}
+
+TEST_F(BlockTest, DyingIsNobodysBlockAndNobodysParent) {
+    class Asking : public BlockInstance {
+    public:
+        using BlockInstance::BlockInstance;
+        ~Asking() override {
+            EXPECT_FALSE(pin->GetBlockInstance());
+            EXPECT_FALSE(child->GetParent());
+        }
+        SmartPtr<ConnectorInstance> pin;
+        SmartPtr<BlockInstance> child;
+    };
+    SmartPtr<Asking> block = new Asking(nullptr, "");
+    block->pin = new ConnectorInstance(block, wiring.Lock(), "1", DPoint2D());
+    block->child = Block(DBox2D(0, 0, 1, 1));
+    block->Add(SmartPtr<BaseBlockInstance>(block->child));
+    EXPECT_EQ(block->pin->GetBlockInstance(), block);
+    block.Reset();
+}
+
 TEST_F(BlockTest, WithoutChildrenHasNone) {
     auto const block = Block(DBox2D(0, 0, 1, 1));
     EXPECT_FALSE(block->HasChildren());
@@ -89,17 +151,23 @@ TEST_F(BlockTest, NeverStandsInsideItself) {
 }
 
 TEST_F(BlockTest, NestedDeeplyTransformsAndMeasuresWithoutRecursion) {
-    auto const outermost = Block(DBox2D(0, 0, 1, 1));
-    SmartPtr<BaseBlockInstance> block = outermost;
-    for (int i = 0; i < 500; ++i) {
-        SmartPtr<BaseBlockInstance> const child = Block(DBox2D(0, 0, 1, 1));
-        block->Add(child);
-        block = child;
+    SmartPtr<BlockInstance> const innermost = new BlockInstance(nullptr, "");
+    GenericGraphic::Create(wiring.Lock(), DBox2D(0, 0, 1, 1), SmartPtr<figk::Group>(innermost));
+    SmartPtr<BaseBlockInstance> outermost = innermost;
+    for (int i = 0; i < 100'000; ++i) {
+        SmartPtr<BaseBlockInstance> const parent = new BlockInstance(nullptr, "");
+        parent->Add(outermost);
+        outermost = parent;
     }
     EXPECT_EQ(outermost->GetExtents(), DBox2D(0, 0, 1, 1));
     outermost->MoveItem(3, 0);
     outermost->SetHighlight(true);
-    EXPECT_EQ(block->GetExtents(), DBox2D(3, 0, 4, 1));
+    EXPECT_EQ(innermost->GetExtents(), DBox2D(3, 0, 4, 1));
+    EXPECT_EQ(outermost->GetExtents(), DBox2D(3, 0, 4, 1));
+    outermost->AddSetting(Colored(Color::GREEN), false);
+    unsigned int depth = 0;
+    EXPECT_TRUE(innermost->GetSetting(Setting::COLOR, depth));
+    EXPECT_EQ(depth, 100'000u);
 }
 
 TEST_F(BlockTest, NestedDeeplyDiesWithoutRecursion) {
@@ -179,18 +247,14 @@ TEST_F(BlockTest, WithoutKernelGraphicsAsksItsGroup) {
 }
 
 TEST_F(BlockTest, InheritsFromItsParentAndElseFromTheFigure) {
-    auto const colored = [](Color const& color) {
-        SmartPtr<figk::BaseSettingValue> const value(new figk::SettingValue<Color>(color));
-        return SmartPtr<Setting>(new Setting(Setting::COLOR, value, Setting::LEVEL_FORCED, true));
-    };
     auto const parent = Block(DBox2D(0, 0, 1, 1));
     auto const child = Block(DBox2D(0, 0, 1, 1));
     parent->Add(SmartPtr<BaseBlockInstance>(child));
-    wiring.figure->AddSetting(colored(Color::RED), false);
+    wiring.figure->AddSetting(Colored(Color::RED), false);
     Color color = Color::BLACK;
     EXPECT_TRUE(child->GetColorSetting(Setting::COLOR, color));
     EXPECT_EQ(color, Color::RED);
-    parent->AddSetting(colored(Color::GREEN), false);
+    parent->AddSetting(Colored(Color::GREEN), false);
     EXPECT_TRUE(child->GetColorSetting(Setting::COLOR, color));
     EXPECT_EQ(color, Color::GREEN);
 }
@@ -224,6 +288,25 @@ TEST_F(BlockTest, CableInsideABlockMovesWithIt) {
     block->Add(SmartPtr<BaseBlockInstance>(cable));
     block->MoveItem(5, 0);
     EXPECT_EQ(wire->GetExtents(), DBox2D(5, 0, 6, 0));
+}
+
+TEST_F(BlockTest, SettingsOfABlockConcernTheNetsOfACableInsideIt) {
+    SmartPtr<BlockInstance> outer = new BlockInstance(nullptr, "");
+    SmartPtr<BaseBlockInstance> const inner = new BlockInstance(nullptr, "");
+    SmartPtr<CableInstance> const cable = new CableInstance(wiring.figure, "W1");
+    auto const net = wiring.Net();
+    cable->Add(net);
+    inner->Add(SmartPtr<BaseBlockInstance>(cable));
+    auto const asksAnew = [&](auto const& change) {
+        net->SetGraphicalUpdateNeeded(false);
+        change();
+        return net->GetGraphicalUpdateNeeded();
+    };
+    EXPECT_TRUE(asksAnew([&] { outer->Add(inner); }));
+    EXPECT_TRUE(asksAnew([&] { outer->AddSetting(Colored(Color::RED), false); }));
+    EXPECT_TRUE(asksAnew([&] { inner->AddSetting(Colored(Color::RED), false); }));
+    EXPECT_TRUE(asksAnew([&] { outer.Reset(); }));
+    EXPECT_FALSE(asksAnew([] {}));
 }
 
 TEST_F(BlockTest, AcceptShowsConnectorsOfABlockOnly) {
