@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
 
 #include <figk/Design.h>
@@ -139,6 +140,26 @@ BENCHMARK(LoadGeneratedDesign)
     ->Args({1'000'000, 20})
     ->Unit(benchmark::kMillisecond);
 
+/// Remembers what was read, to read it once more for comparison.
+class RecordingFiles : public fighost::FileSource {
+public:
+    Status Read(std::string const& path, std::size_t limit, std::string& bytes) override {
+        Status const status = disk_.Read(path, limit, bytes);
+        if (status == Status::READ && path.ends_with(".kicad_sch")) schematics_.insert(path);
+        return status;
+    }
+    double MeasureTokens() {
+        double seconds = 0;
+        for (std::string const& path : schematics_)
+            seconds += MeasureTokenising(disk_, path);
+        return seconds;
+    }
+
+private:
+    fighost::DiskFiles disk_;
+    std::set<std::string> schematics_;
+};
+
 /// All designs of the corpus, once each in an iteration.
 void LoadCorpus(benchmark::State& state) {
     std::vector<std::string> const roots = corpus::RootSheets();
@@ -146,8 +167,9 @@ void LoadCorpus(benchmark::State& state) {
         state.SkipWithError("FIGREP_CORPUS names no folder of designs");
         return;
     }
-    fighost::DiskFiles files;
+    RecordingFiles files;
     Best best;
+    Best tokens;
     std::size_t segments = 0;
     for (auto _ : state) {
         segments = 0;
@@ -158,7 +180,9 @@ void LoadCorpus(benchmark::State& state) {
             segments += loaded.CountSegments();
         }
         best.Add(seconds);
+        tokens.Add(files.MeasureTokens());
     }
+    state.counters["to_tokens"] = best.Seconds() / tokens.Seconds();
     state.counters["segments"] = static_cast<double>(segments);
     state.counters["ns_all"] = best.Seconds() * 1e9 / static_cast<double>(segments);
 }

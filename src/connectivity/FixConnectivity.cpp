@@ -233,7 +233,8 @@ void FixConnectivity::BuildKernelToFigureConnectorMap(KernelToFigureConnectors& 
     for (auto const& block : addedBlockInstances_) {
         for (auto const& connector : block->GetConnectorInstances()) {
             auto const record = connector->GetKernelConnectorInstance();
-            if (record && record->GetNumConnections() != 0) connectors[record] = connector;
+            if (record && record->GetNumConnections() != 0)
+                connectors.Put(record.Get(), connector.Get());
         }
     }
 }
@@ -278,14 +279,15 @@ bool FixConnectivity::ConnectKernelNode(TreeEnd const& end,
     kernelNode->GetNonJunctionSuccessors(neighbours);
     bool found = false;
     for (auto const& neighbour : neighbours) {
+        if (neighbour->GetNodeType() != ConnectionNode::NODE_CONNECTOR_INSTANCE) continue;
         auto const kernelConnection = du::DynamicCast<figk::ConnectorInstanceNode>(neighbour);
         if (!kernelConnection) continue;
-        auto const place = connectors.find(kernelConnection->GetConnectorInstance());
-        if (place == connectors.end()) continue;
+        auto const* connector = connectors.Get(kernelConnection->GetConnectorInstance().Get());
+        if (!connector) continue;
         if (end.isHead) {
-            place->second->Attach(end.node);
+            (*connector)->Attach(end.node);
         } else {
-            connection = {place->second, end.node};
+            connection = {*connector, end.node};
             found = true;
         }
     }

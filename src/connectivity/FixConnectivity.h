@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "AddressMap.h"
+
 namespace figrep {
 
 /// Made before the items of a sheet, asked once when they stand. The items then know only their own
@@ -31,8 +33,7 @@ public:
 
 private:
     using HighwayTree = KdTree<SmartPtr<HighwaySegment>>;
-    using KernelToFigureConnectors =
-        std::unordered_map<SmartPtr<figk::ConnectorInstance>, SmartPtr<ConnectorInstance>>;
+    using KernelToFigureConnectors = AddressMap<figk::ConnectorInstance, ConnectorInstance*>;
     using SubNetToSubNet = std::unordered_map<SmartPtr<figk::SubNet>, SmartPtr<SubNet>>;
     using Connection = std::pair<SmartPtr<ConnectorInstance>, SmartPtr<ConnectionNode>>;
 
