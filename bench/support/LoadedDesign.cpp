@@ -64,13 +64,16 @@ std::size_t LoadedDesign::CountSegments() const {
     return counter.count;
 }
 
-LoadedDesign LoadFigures(figkernel::DesignSource const& source) {
-    LoadedDesign loaded;
-    loaded.design = figkernel::Build(source, figk::SchematicKernel::GetKernelLock()).design;
-    for (auto const& sheet : loaded.design->GetSheets()) {
+LoadedDesign LoadFigures(SmartPtr<figk::Design> const& design) {
+    LoadedDesign loaded{design, {}};
+    for (auto const& sheet : design->GetSheets()) {
         loaded.figures.push_back(MakeFigure(sheet));
     }
     return loaded;
+}
+
+LoadedDesign LoadFigures(figkernel::DesignSource const& source) {
+    return LoadFigures(figkernel::Build(source, figk::SchematicKernel::GetKernelLock()).design);
 }
 
 LoadedDesign LoadFile(fighost::FileSource& files, std::string const& path) {

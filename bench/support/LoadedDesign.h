@@ -25,6 +25,9 @@ struct LoadedDesign {
 /// Makes records and figures. Crossings are shown as arcs.
 LoadedDesign LoadFigures(figkernel::DesignSource const& source);
 
+/// Makes figures of records.
+LoadedDesign LoadFigures(du::SmartPtr<figk::Design> const& design);
+
 /// From the file to figures; what can't be read gives no figures.
 LoadedDesign LoadFile(fighost::FileSource& files, std::string const& path);
 
