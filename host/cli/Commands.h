@@ -34,9 +34,15 @@ struct ListArguments : CommonArguments {
     bool json = false;
 };
 
+struct TraceArguments : CommonArguments {
+    std::string net;
+    bool json = false;
+};
+
 ExitCode Render(RenderArguments const& arguments);
 ExitCode Info(InfoArguments const& arguments);
 ExitCode List(ListArguments const& arguments);
+ExitCode Trace(TraceArguments const& arguments);
 
 /// Opens the design and tells standard error what there is to tell. Null after an error.
 std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,

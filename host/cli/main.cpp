@@ -64,6 +64,15 @@ void AddList(CLI::App& program, ListArguments& arguments) {
     command.add_flag("--json", arguments.json, "print one JSON array");
 }
 
+void AddTrace(CLI::App& program, TraceArguments& arguments) {
+    CLI::App& command =
+        *program.add_subcommand("trace", "Follow a net through the sheets, port by port");
+    AddCommon(command, arguments);
+    command.add_option("NET", arguments.net, "the net's full name, as 'list nets' has it")
+        ->required();
+    command.add_flag("--json", arguments.json, "print one JSON object");
+}
+
 ExitCode Run(int argc, char** argv) {
     CLI::App program("figrep shows schematic designs as live figures.", "figrep");
     program.set_version_flag("--version", std::string("figrep ") + FIGREP_VERSION);
@@ -72,9 +81,11 @@ ExitCode Run(int argc, char** argv) {
     RenderArguments render;
     InfoArguments info;
     ListArguments list;
+    TraceArguments trace;
     AddRender(program, render);
     AddInfo(program, info);
     AddList(program, list);
+    AddTrace(program, trace);
     try {
         program.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
@@ -83,6 +94,7 @@ ExitCode Run(int argc, char** argv) {
     }
     if (program.got_subcommand("render")) return Render(render);
     if (program.got_subcommand("info")) return Info(info);
+    if (program.got_subcommand("trace")) return Trace(trace);
     return List(list);
 }
 

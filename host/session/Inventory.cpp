@@ -28,6 +28,7 @@
 #include <figrep/TextGraphic.h>
 #include <figrep/TitleBlock.h>
 #include <figrep/UnroutedConnection.h>
+#include <session/Pins.h>
 #include <zvk/ReadWriteLock.h>
 #include <algorithm>
 #include <set>
@@ -47,11 +48,8 @@ using SheetOrder = std::unordered_map<figk::Sheet const*, std::size_t>;
 std::vector<std::string> PinsOf(figk::Net const& net) {
     std::set<std::string> pins;
     for (auto const& pin : net.GetConnectorInstances()) {
-        SmartPtr<figk::BaseBlockInstance> const block = pin->GetBlockInstance();
-        if (!block) continue;
-        std::string const& reference = block->GetName();
-        bool const isPart = !reference.empty() && reference[0] != '#';
-        if (isPart) pins.insert(reference + ":" + pin->GetName());
+        std::string const name = PinName(*pin);
+        if (!name.empty()) pins.insert(name);
     }
     return {pins.begin(), pins.end()};
 }

@@ -22,7 +22,7 @@ TEST(Program, VersionAndHelpAreNoErrors) {
     EXPECT_EQ(version.code, 0);
     EXPECT_EQ(version.out.substr(0, 7), "figrep ");
     for (std::vector<std::string> command :
-         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}}) {
+         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}, {"trace"}}) {
         command.push_back("--help");
         Outcome const help = Figrep(command);
         EXPECT_EQ(help.code, 0);
@@ -38,6 +38,7 @@ TEST(Program, WrongUsageExitsWithOneAndPrintsNoData) {
           {"info"},
           {"list", "colours", EXAMPLE},
           {"info", EXAMPLE, "--sparkle"},
+          {"trace", EXAMPLE, "no such net"},
           {"render", EXAMPLE, "-o", "x.bmp"},
           {"render", EXAMPLE, "-o", "x.svg", "--crossings", "y"},
           {"render", EXAMPLE, "-o", "-", "--background", "blurple"},
@@ -280,6 +281,18 @@ TEST(Program, ListsHaveOneLinePerEntry) {
             static_cast<std::size_t>(std::count(text.out.begin(), text.out.end(), '\n'));
         EXPECT_EQ(lines, json::parse(asJson.out).size()) << what;
     }
+}
+
+TEST(Program, TraceTellsTheWayOfANetInWordsAndAsJson) {
+    Outcome const text = Figrep({"trace", EXAMPLE, "UART_TX"});
+    EXPECT_EQ(text.code, 0) << text.err;
+    EXPECT_NE(text.out.find("port UART_TX"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("-> /Display/"), std::string::npos) << text.out;
+    json const trace = json::parse(Figrep({"trace", EXAMPLE, "UART_TX", "--json"}).out);
+    EXPECT_EQ(trace.at("net"), "UART_TX");
+    EXPECT_EQ(trace.at("sheets").size(), 2u);
+    for (char const* key : {"sheet", "reachedByPort", "ports", "pins"})
+        EXPECT_TRUE(trace.at("sheets")[0].contains(key)) << key;
 }
 
 TEST(EmbeddingExample, PaintsItsTwoParts) {
