@@ -56,9 +56,6 @@ public:
     void ScaleGraphics(DPoint2D const& centre, double factor) override;
     void MirrorGraphics(DPoint2D const& point, bool axis) override;
 
-    /// Resolves the settings into the draw state. For whoever paints, item by item.
-    virtual void UpdateRenderInfoBase();
-
     /// The draw state as it was last brought up to date; lives as long as the graphic. Made when
     /// first asked for or written to, since most pick proxies never need one.
     RenderInfo const& GetRenderInfo() const;
@@ -81,6 +78,12 @@ protected:
     void Initialise(SmartPtr<figk::Group> const& group);
     /// Makes the private picture of a graphic that has no kernel record; may leave it null.
     virtual void GenerateZv2dGraphics() const = 0;
+
+public:
+    /// Resolves the settings into the draw state. For whoever paints, item by item.
+    virtual void UpdateRenderInfoBase();
+
+protected:
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned& depth,
                                                      bool inheritableOnly) const override;
 

@@ -40,6 +40,7 @@ public:
 
 private:
     friend class CrossingSegments;
+    friend class Segment;
 
     /// A crossing on neither list yet, of segments that aren't null.
     static SmartPtr<CrossingPoint> CreateFree(SmartPtr<zvk::ReadWriteLock> const& lock,
@@ -54,6 +55,8 @@ private:
     void Join(Segment& segment);
     void Leave(Segment& segment);
     SmartPtr<Segment>& HoldOf(Segment const& segment);
+    /// Called by a segment on its way out, which took this off its list.
+    void Forget(Segment const& segment);
 
     figk::CrossingPointStyle AcquireStyleFromSettings() const;
     bool AcquireTopSegmentFromSettings() const;

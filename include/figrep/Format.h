@@ -60,6 +60,8 @@ protected:
     virtual void Mirror(DPoint2D const& point, bool axis);
     ConstSmartPtr<figk::Setting> GetInheritedSetting(Setting::RepKey key, unsigned& depth,
                                                      bool inheritableOnly) const override;
+    void GetAllInheritedAttributes(figk::AttributeSet& out) const override;
+    SmartPtr<figk::Attribute> GetInheritedAttribute(Symbol const& name) const override;
 
 private:
     void DeriveId() override;

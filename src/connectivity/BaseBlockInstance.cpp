@@ -12,6 +12,7 @@
 #include "GroupFineChecks.h"
 #include "InheritedAttributes.h"
 #include "Labels.h"
+#include "Transforms.h"
 
 namespace figrep {
 

@@ -29,9 +29,4 @@ SmartPtr<TextGraphic> FindFirstLabel(SmartPtr<ConnectionNode> const& head) {
 /// Gives an item of the figure's own the colour that its label names, above all other levels.
 void TakeColorFromLabel(SettingList& item, SmartPtr<TextGraphic> const& text);
 
-/// Whether a scaling by `factor` leaves something to see.
-inline bool IsUsableFactor(double factor) {
-    return std::isfinite(factor) && factor != 0.0;
-}
-
 }  // namespace figrep

@@ -57,7 +57,11 @@ void Segment::ZeroReferenceCountHook() {
         return;
     }
     SmartPtr<Segment> const self(this);  // letting go of it comes back here without crossings
+    std::vector<SmartPtr<CrossingPoint>> crossings;
+    GetCrossingPoints(crossings);
     RemoveAllCrossingPoints();
+    for (auto const& crossing : crossings)
+        crossing->Forget(*this);
 }
 
 Segment::Extras& Segment::GetExtras() {

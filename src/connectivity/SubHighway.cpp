@@ -14,6 +14,7 @@
 #include "InheritedAttributes.h"
 #include "Labels.h"
 #include "NodeWalk.h"
+#include "Transforms.h"
 
 namespace figrep {
 

@@ -22,6 +22,7 @@
 #include "InheritedAttributes.h"
 #include "Labels.h"
 #include "NodeWalk.h"
+#include "Transforms.h"
 
 namespace figrep {
 

@@ -4,7 +4,14 @@
 #include <dg/Matrix.h>
 #include <dg/Point.h>
 
+#include <cmath>
+
 namespace figrep {
+
+/// Whether a scaling by `factor` leaves something to see.
+inline bool IsUsableFactor(double factor) {
+    return std::isfinite(factor) && factor != 0.0;
+}
 
 /// The point, with `matrix` applied to its distance from `about`.
 inline dg::DPoint2D TransformAbout(dg::DPoint2D const& point, dg::DPoint2D const& about,

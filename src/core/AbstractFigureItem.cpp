@@ -61,7 +61,13 @@ AbstractFigureItem::AbstractFigureItem(SmartPtr<zvk::ReadWriteLock> const& lock,
     : AttributeList(lock),
       SettingList(lock, KernelSettings(item)),
       kernelItem_(item),
-      itemLock_(lock) {}
+      itemLock_(lock) {
+    if (!item) return;
+    figk::AttributeSet attributes;
+    item->GetAttributes(attributes);
+    for (auto const& attribute : attributes)
+        AddAttribute(attribute);
+}
 
 AbstractFigureItem::AbstractFigureItem(SmartPtr<zvk::ReadWriteLock> const& lock,
                                        std::string const& name)

@@ -58,7 +58,7 @@ bool FigureSheetDelta::_Verify(figk::AbstractDeltaReceiver&) {
 void FigureSheetDelta::_Apply(figk::AbstractDeltaReceiver& receiver) {
     receiver_ = dynamic_cast<FigureDeltaReceiverInterface*>(&receiver);
     SmartPtr<Figure> const figure = dynamic_cast<Figure*>(receiver_);
-    if (!figure) return;
+    if (!figure) return ForgetWalk();
     figure->AddSheet(sheet_);
     GetFactory()->SetLock(receiver_->GetLock());
     PopulatePortMap(*figure);

@@ -63,6 +63,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::Sheet> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::BlockInstance> const& record) {
+    if (!receiver_) return false;
     auto const block = GetFactory()->CreateBlockInstance(record);
     receiver_->Receive(block);
     NoteChangedItem(block);
@@ -72,6 +73,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::BlockInstance> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::CableInstance> const& record) {
+    if (!receiver_) return false;
     auto const cable = GetFactory()->CreateCableInstance(record);
     receiver_->Receive(cable);
     NoteChangedItem(cable);
@@ -82,6 +84,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::CableInstance> const& record) {
 
 // A table's connectors are nobody's, in particular not those of the block before it.
 bool FigureSheetDelta::Visit(SmartPtr<figk::TableInstance> const& record) {
+    if (!receiver_) return false;
     auto const table = GetFactory()->CreateTableInstance(record);
     receiver_->Receive(table);
     NoteChangedItem(table);
@@ -91,7 +94,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::TableInstance> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::Miscellaneous> const& record) {
-    if (!ShowsMiscellaneous()) return false;
+    if (!receiver_ || !ShowsMiscellaneous()) return false;
     auto const miscellaneous = GetFactory()->CreateMiscellaneous(record);
     MapGroups(record, miscellaneous);
     receiver_->Receive(miscellaneous);
@@ -110,6 +113,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::ConnectorInstance> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::SubHighway> const& record) {
+    if (!receiver_) return false;
     StartTree();
     currentSubHighway_ = GetFactory()->CreateSubHighway(record);
     if (!currentSubHighway_) return false;
@@ -137,6 +141,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::SubNet> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::NetSegment> const& record) {
+    if (!currentSubNet_) return false;
     auto const segment = GetFactory()->CreateNetSegment(currentSubNet_, record, {});
     if (!segment) return true;
     ApplyOffset(*segment);
@@ -150,6 +155,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::NetSegment> const& record) {
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::HighwaySegment> const& record) {
     if (!onHighway_) return PassAlongHighway(record);
+    if (!currentSubHighway_) return false;
     auto const segment = GetFactory()->CreateHighwaySegment(currentSubHighway_, record, {});
     if (!segment) return true;
     ApplyOffset(*segment);
@@ -174,6 +180,7 @@ bool FigureSheetDelta::Visit(SmartPtr<figk::HighwayNode> const& record) {
 }
 
 bool FigureSheetDelta::Visit(SmartPtr<figk::PortNode> const& record) {
+    if (!receiver_ || !(onHighway_ ? bool(currentSubHighway_) : bool(currentSubNet_))) return false;
     auto const kernelPort = record->GetPort();
     auto const port = GetFigurePort(kernelPort);
     // A net meets the ports at the ends of its highways only in passing.

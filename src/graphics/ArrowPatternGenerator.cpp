@@ -44,13 +44,16 @@ void ArrowPatternGenerator::RemoveArrows(SmartPtr<SubNet> const& subNet) {
 }
 
 void ArrowPatternGenerator::ForgetChanged() {
-    for (auto entry = appliedStyles_.begin(); entry != appliedStyles_.end();) {
-        if (!IsStale(entry->second)) {
-            ++entry;
-            continue;
-        }
-        RemoveArrows(entry->second.subNet);
-        entry = appliedStyles_.erase(entry);
+    std::vector<SmartPtr<SubNet>> stale;
+    for (auto const& [key, applied] : appliedStyles_) {
+        if (IsStale(applied)) stale.push_back(applied.subNet);
+    }
+    // Taking arrows off turns trees, so the order must not be that of addresses.
+    std::sort(stale.begin(), stale.end(),
+              [](auto const& a, auto const& b) { return a->GetId() < b->GetId(); });
+    for (SmartPtr<SubNet> const& subNet : stale) {
+        RemoveArrows(subNet);
+        appliedStyles_.erase(subNet.Get());
     }
 }
 

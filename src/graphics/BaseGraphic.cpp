@@ -7,6 +7,8 @@
 #include <figrep/TextLabelContainerGroup.h>
 #include <zvk/ReadWriteLock.h>
 
+#include "connectivity/Transforms.h"
+
 namespace figrep {
 
 namespace {
@@ -45,6 +47,7 @@ void BaseGraphic::Initialise(SmartPtr<figk::Group> const& group) {
 // The item.
 
 void BaseGraphic::SetHighlight(bool on) {
+    zvk::WriteGuard const guard(GetLock());
     SmartPtr<GraphicGroup> const owner = GetOwner();
     if (!owner) return;
     if (du::DynamicCast<TextLabelContainerGroup>(owner)) {
@@ -55,6 +58,7 @@ void BaseGraphic::SetHighlight(bool on) {
 }
 
 void BaseGraphic::SetPreselectHighlight(bool on) {
+    zvk::WriteGuard const guard(GetLock());
     SmartPtr<GraphicGroup> const owner = GetOwner();
     if (!owner) return;
     if (du::DynamicCast<TextLabelContainerGroup>(owner)) {
@@ -65,6 +69,7 @@ void BaseGraphic::SetPreselectHighlight(bool on) {
 }
 
 void BaseGraphic::SetVisibility(bool on) {
+    zvk::WriteGuard const guard(GetLock());
     SmartPtr<GraphicGroup> const owner = GetOwner();
     if (!owner) return;
     if (du::DynamicCast<TextLabelContainerGroup>(owner)) {
@@ -150,6 +155,7 @@ void BaseGraphic::Rotate(DPoint2D const& centre, double radians) {
 }
 
 void BaseGraphic::Scale(DPoint2D const& centre, double factor) {
+    if (!IsUsableFactor(factor)) return;
     TransformGraphics([&](figk::Zv2dGraphics& graphics) { graphics.Scale(centre, factor); });
 }
 

@@ -95,6 +95,11 @@ void CrossingPoint::Leave(Segment& segment) {
     segment.Remove(SmartPtr<CrossingPoint>(this));
 }
 
+void CrossingPoint::Forget(Segment const& segment) {
+    if (segment1_ == &segment) segment1_ = nullptr;
+    if (segment2_ == &segment) segment2_ = nullptr;
+}
+
 DPoint2D CrossingPoint::GetPosition() const {
     zvk::ReadGuard guard(lock_);
     return position_;

@@ -1,3 +1,4 @@
+#include <figk/Attribute.h>
 #include <figrep/Format.h>
 
 #include <figk/Format.h>
@@ -7,6 +8,8 @@
 #include <zvk/ReadWriteLock.h>
 
 #include <cmath>
+
+#include "connectivity/Transforms.h"
 
 namespace figrep {
 
@@ -163,7 +166,7 @@ void Format::RotateItem(DPoint2D const& centre, double radians) {
 }
 
 void Format::ScaleItem(DPoint2D const& centre, double factor) {
-    if (factor == 0.0 || !std::isfinite(factor)) return;
+    if (!IsUsableFactor(factor)) return;
     zvk::WriteGuard guard(GetLock());
     Scale(centre, factor);
 }
@@ -188,6 +191,15 @@ ConstSmartPtr<figk::Setting> Format::GetInheritedSetting(Setting::RepKey key, un
     if (SmartPtr<Figure> const figure = GetFigure()) found = figure->GetSetting(key, depth, true);
     ++depth;
     return found;
+}
+
+void Format::GetAllInheritedAttributes(figk::AttributeSet& out) const {
+    if (auto const figure = GetFigure()) figure->GetAllAttributes(out);
+}
+
+SmartPtr<figk::Attribute> Format::GetInheritedAttribute(Symbol const& name) const {
+    auto const figure = GetFigure();
+    return figure ? figure->GetAttribute(name, true) : nullptr;
 }
 
 }  // namespace figrep

@@ -4,6 +4,8 @@
 #include <figrep/GraphicGroup.h>
 #include <zvk/ReadWriteLock.h>
 
+#include "connectivity/Transforms.h"
+
 namespace figrep {
 
 PickGraphicProxy::PickGraphicProxy(SmartPtr<zvk::ReadWriteLock> const& lock, DPoint2D const& start,
@@ -65,22 +67,19 @@ void PickGraphicProxy::Move(double dx, double dy) {
 
 void PickGraphicProxy::Rotate(DPoint2D const& centre, double radians) {
     TransformEnds([&, turn = DMat33::RotationZ(radians)](DPoint2D const& p) {
-        return centre + turn * (p - centre);
+        return TransformAbout(p, centre, turn);
     });
 }
 
 void PickGraphicProxy::Scale(DPoint2D const& centre, double factor) {
+    if (!IsUsableFactor(factor)) return;
     TransformEnds([&, scale = DMat33::Scale(factor)](DPoint2D const& p) {
-        return centre + scale * (p - centre);
+        return TransformAbout(p, centre, scale);
     });
 }
 
 void PickGraphicProxy::Mirror(DPoint2D const& point, bool axis) {
-    TransformEnds([&](DPoint2D p) {
-        double& coordinate = axis ? p.y : p.x;
-        coordinate = 2 * point[axis] - coordinate;
-        return p;
-    });
+    TransformEnds([&](DPoint2D const& p) { return MirrorAbout(p, point, axis); });
 }
 
 void PickGraphicProxy::UpdateRenderInfo() {}

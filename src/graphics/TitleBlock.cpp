@@ -1,3 +1,4 @@
+#include <figk/Attribute.h>
 #include <figrep/TitleBlock.h>
 
 #include <figrep/AbstractFigureVisitor.h>
@@ -275,6 +276,16 @@ ConstSmartPtr<figk::Setting> TitleBlock::GetInheritedSetting(Setting::RepKey key
     if (format_) found = format_->GetSetting(key, depth, true);
     ++depth;
     return found;
+}
+
+void TitleBlock::GetAllInheritedAttributes(figk::AttributeSet& out) const {
+    zvk::ReadGuard guard(GetLock());
+    if (format_) format_->GetAllAttributes(out);
+}
+
+SmartPtr<figk::Attribute> TitleBlock::GetInheritedAttribute(Symbol const& name) const {
+    zvk::ReadGuard guard(GetLock());
+    return format_ ? format_->GetAttribute(name, true) : nullptr;
 }
 
 }  // namespace figrep

@@ -1,9 +1,12 @@
+#include <connectivity/KernelFakes.h>
+#include <figk/Attribute.h>
 #include <figk/Design.h>
 #include <figk/SchematicKernel.h>
 #include <figk/SettingValue.h>
 #include <figkernel/SchematicKernel.h>
 #include <figrep/BlockInstance.h>
 #include <figrep/CableInstance.h>
+#include <figrep/ConnectorInstance.h>
 #include <figrep/Format.h>
 #include <figrep/GenericGraphic.h>
 #include <figrep/Miscellaneous.h>
@@ -54,6 +57,12 @@ protected:
 
     SmartPtr<BlockInstance> Block(std::string const& id) {
         return Block(SmartPtr<figk::BlockInstance>(new FakeBlockRecord(id, id)));
+    }
+    /// Into the block without a word to the figure.
+    SmartPtr<ConnectorInstance> Connector(SmartPtr<BlockInstance> const& block,
+                                          std::string const& name) {
+        return new ConnectorInstance(block, figure->GetLock(),
+                                     SmartPtr<figk::ConnectorInstance>(new FakeConnector(name)));
     }
     SmartPtr<BlockInstance> Block(SmartPtr<figk::BlockInstance> const& record) {
         SmartPtr<BlockInstance> const block = new BlockInstance(figure->GetLock(), record);
@@ -154,6 +163,16 @@ TEST_F(FigureTest, RemovingAPortChangesNothingButTheSearchIsDoneAnew) {
     figure->RemoveItem(port);
     EXPECT_EQ(figure->GetPorts().size(), 1u);
     EXPECT_EQ(figure->Find(net->GetId()), net);
+}
+
+TEST_F(FigureTest, RemovingAPortHasWhatCameInUnannouncedFound) {
+    SmartPtr<Port> const port = new Port(figure, figure->GetLock(), "p");
+    auto const block = Block("B");
+    EXPECT_EQ(figure->Find(Symbol("B")), block);
+    auto const connector = Connector(block, "1");
+    EXPECT_FALSE(figure->Find(Symbol("B/1")));
+    figure->RemoveItem(port);
+    EXPECT_EQ(figure->Find(Symbol("B/1")), connector);
 }
 
 TEST_F(FigureTest, FindsNothingInAnEmptyFigure) {
@@ -265,6 +284,13 @@ TEST_F(FigureTest, ClearingKeepsWhatBelongsToTheHost) {
     EXPECT_FALSE(net->GetHead());
 }
 
+TEST_F(FigureTest, ClearingKeepsTheSheets) {
+    SmartPtr<figk::Sheet> const sheet = new FakeSheet("S");
+    figure->AddSheet(sheet);
+    figure->ClearContent();
+    EXPECT_EQ(figure->GetSheets(), std::vector<SmartPtr<figk::Sheet>>{sheet});
+}
+
 TEST_F(FigureTest, WalksItsContentInFixedOrder) {
     Wire("n", DPoint2D(0, 0), DPoint2D(1, 0));
     new SubHighway(figure, figure->GetLock(), "h");
@@ -320,6 +346,22 @@ TEST_F(FigureTest, RemovingASettingThatIsNotThereIsNoChange) {
     figure->RemoveSetting(Setting::DIM, figk::Setting::LEVEL_FIGURE, true);
     EXPECT_TRUE(figure->HasChanged());
     EXPECT_EQ(recorder->Take(), Lines{"appearance"});
+}
+
+TEST_F(FigureTest, ItemsStartWithTheAttributesOfTheirRecords) {
+    class Record : public FakeBlockRecord {
+    public:
+        Record() : FakeBlockRecord("B", "B") {}
+        void GetAttributes(figk::AttributeSet& out) const override {
+            out.insert(new figk::Attribute(Symbol("Value"), Symbol("10k")));
+        }
+    };
+    auto const block = Block(SmartPtr<figk::BlockInstance>(new Record()));
+    EXPECT_EQ(block->NumAttributes(), 1u);
+    auto const value = block->GetAttribute(Symbol("value"), false);
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->GetValue(), Symbol("10k"));
+    EXPECT_EQ(Block("C")->NumAttributes(), 0u);
 }
 
 TEST_F(FigureTest, ItemSettingsFollowTheSameRules) {

@@ -68,6 +68,21 @@ TEST_F(CrossingPointTest, AnArcOnTheUprightTopBulgesToTheLeftWithTheOthersWidthC
     EXPECT_TRUE(definition->IsEmpty());
 }
 
+TEST_F(CrossingPointTest, OutlivesItsWiresAndAnswersNothing) {
+    SetStyle(figk::CROSSING_ARC);
+    SmartPtr<NetSegment> const gone = upright;
+    drawing.figure->ClearContent();
+    drawing.figure.Reset();
+    upright.Reset();
+    level.Reset();
+    EXPECT_FALSE(crossing->GetSegment1());
+    EXPECT_EQ(crossing->GetSegment2(), gone);
+    EXPECT_FALSE(crossing->GetOtherSegment(gone));
+    EXPECT_FALSE(crossing->GetTopSegment());
+    EXPECT_FALSE(Ask(gone));
+    EXPECT_FALSE(CrossingPoint(*crossing).GetSegment1());
+}
+
 TEST_F(CrossingPointTest, AnArcOnALevelTopBulgesUpward) {
     SetStyle(figk::CROSSING_ARC);
     ASSERT_TRUE(Ask(level));

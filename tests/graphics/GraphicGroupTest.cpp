@@ -3,6 +3,8 @@
 #include <figrep/Format.h>
 #include <zv2d/Texture.h>
 
+#include <limits>
+
 namespace figrep {
 
 using namespace testing;
@@ -272,6 +274,14 @@ TEST(PickGraphicProxy, MovesScalesAndTurnsItsEnds) {
     proxy->RotateItem({3, 0}, 3.141592653589793);
     EXPECT_NEAR(proxy->GetEnd().x, -1, 1e-12);
     EXPECT_NEAR(proxy->GetEnd().y, -4, 1e-12);
+}
+
+TEST(PickGraphicProxy, ScalingByNothingLeavesItAsItIs) {
+    auto const proxy = PickGraphicProxy::Create(Lock(), nullptr, {2, 1}, {4, 3});
+    proxy->ScaleItem({3, 0}, 0);
+    proxy->ScaleItem({3, 0}, std::numeric_limits<double>::infinity());
+    proxy->ScaleItem({3, 0}, std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(proxy->GetExtents(), DBox2D(2, 1, 4, 3));
 }
 
 TEST(PickGraphicProxy, AllShareOneIdAndHaveNoLooks) {
