@@ -6,6 +6,7 @@
 #include <figrep/NetSegment.h>
 #include <figrep/SubHighway.h>
 #include <figrep/UnroutedConnection.h>
+#include <support/LiveObjects.h>
 
 #include <utility>
 
@@ -23,7 +24,11 @@ constexpr auto UNAPPLY = figk::AbstractDelta::ACTION_DELETE;
 /// without blocks. The last two wires have been taken 5 down.
 class FigureConnectionsDeltaTest : public ::testing::Test {
 protected:
-    FigureConnectionsDeltaTest() {
+    FigureConnectionsDeltaTest() { Draw(); }
+
+    void Draw() {
+        figure = new Figure();
+        wires.clear();
         auto const lock = figure->GetLock();
         subNet = new SubNet(figure, lock, "N");
         wires.push_back(new NetSegment(subNet, lock, DPoint2D(0, 0), DPoint2D(10, 0), nullptr));
@@ -48,8 +53,7 @@ protected:
         return NodesOf<UnroutedConnection>(subNet);
     }
 
-    std::ptrdiff_t const alive = du::RefCounted::LiveCount();
-    SmartPtr<Figure> figure = new Figure();
+    SmartPtr<Figure> figure;
     SmartPtr<SubNet> subNet;
     std::vector<SmartPtr<NetSegment>> wires;
 };
@@ -216,13 +220,16 @@ TEST_F(FigureConnectionsDeltaTest, WritesItsRecordsInOrder) {
 }
 
 TEST_F(FigureConnectionsDeltaTest, AppliedAndDroppedLeavesNothingBehind) {
-    MoveTail(-5);
-    Run(Break(0, -5), APPLY);
-    figure->UpdateContent();
-    wires.clear();
-    subNet = nullptr;
-    figure = nullptr;
-    EXPECT_EQ(du::RefCounted::LiveCount(), alive);
+    auto const work = [this] {
+        Draw();
+        MoveTail(-5);
+        Run(Break(0, -5), APPLY);
+        figure->UpdateContent();
+        wires.clear();
+        subNet = nullptr;
+        figure = nullptr;
+    };
+    EXPECT_EQ(test::ObjectsLeftBy(work), 0);
 }
 
 /// A net that comes off a bus at (50,5), where its tap is tied to its first wire.
