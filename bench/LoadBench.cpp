@@ -11,9 +11,9 @@
 #include <figk/Sheet.h>
 #include <figkernel/DesignBuilder.h>
 #include <figrep/Figure.h>
-#include <integration/Corpus.h>
 #include <readers/kicad/ReadDesign.h>
 #include <readers/kicad/SExpression.h>
+#include <support/Corpus.h>
 #include <support/CpuTimer.h>
 #include <support/GeneratedDesign.h>
 #include <support/KicadText.h>

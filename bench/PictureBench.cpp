@@ -4,9 +4,9 @@
 #include <map>
 
 #include <figrep/Figure.h>
-#include <integration/Corpus.h>
 #include <painters/PaintFigure.h>
 #include <painters/SvgPainter.h>
+#include <support/Corpus.h>
 #include <support/CpuTimer.h>
 #include <support/GeneratedDesign.h>
 #include <support/LoadedDesign.h>

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 #include <session/Inventory.h>
+#include <support/Corpus.h>
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <map>
 
 namespace fighost {
@@ -116,18 +115,8 @@ TEST(Trace, PowerGoesByNameAlone) {
 }
 
 TEST(Trace, EveryNetOfTheCorpusIsTracedThroughTheSheetsThatShowIt) {
-    namespace fs = std::filesystem;
-    char const* corpus = std::getenv("FIGREP_CORPUS");
-    if (!corpus || !fs::is_directory(corpus)) GTEST_SKIP() << "FIGREP_CORPUS names no designs";
-    std::vector<std::string> roots;
-    for (auto const& entry : fs::recursive_directory_iterator(corpus)) {
-        fs::path root = entry.path();
-        if (root.extension() != ".kicad_pro") continue;
-        root.replace_extension(".kicad_sch");
-        if (fs::exists(root)) roots.push_back(root.string());
-    }
-    std::sort(roots.begin(), roots.end());
-    for (std::string const& root : roots) {
+    SKIP_WITHOUT_CORPUS();
+    for (std::string const& root : corpus::RootSheets()) {
         auto const session = OpenDesign(root);
         ASSERT_TRUE(session) << root;
         ExpectTracesAgreeWithNets(*session, root);

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include <integration/Corpus.h>
+#include <support/Corpus.h>
 #include <integration/oracle/NetOracle.h>
 #include <session/Inventory.h>
 #include <session/Session.h>

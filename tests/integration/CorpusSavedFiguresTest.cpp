@@ -5,7 +5,7 @@
 #include <string>
 
 #include <figrep/Figure.h>
-#include <integration/Corpus.h>
+#include <support/Corpus.h>
 #include <painters/PaintFigure.h>
 #include <painters/SvgPainter.h>
 #include <persistence/ApplySaved.h>

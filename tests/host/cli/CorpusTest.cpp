@@ -2,34 +2,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
 #include <host/XmlChecker.h>
 #include <host/cli/RunProgram.h>
+#include <support/Corpus.h>
 #include <nlohmann/json.hpp>
 
 namespace fighost::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-// The root sheets: files named as the project file beside them.
-std::vector<std::string> Roots() {
-    std::vector<std::string> roots;
-    char const* corpus = std::getenv("FIGREP_CORPUS");
-    if (!corpus || !fs::is_directory(corpus)) return roots;
-    for (auto const& entry : fs::recursive_directory_iterator(corpus)) {
-        fs::path root = entry.path();
-        if (root.extension() != ".kicad_pro") continue;
-        root.replace_extension(".kicad_sch");
-        if (fs::exists(root)) roots.push_back(root.string());
-    }
-    std::sort(roots.begin(), roots.end());
-    return roots;
-}
 
 std::size_t SheetCount(std::string const& root) {
     Outcome const outcome = RunProgram("figrep", {"list", "sheets", root, "--json", "--quiet"});
@@ -38,9 +21,8 @@ std::size_t SheetCount(std::string const& root) {
 }
 
 TEST(Corpus, EveryDesignBecomesWellFormedPicturesOfAllItsSheets) {
-    std::vector<std::string> const roots = Roots();
-    if (roots.empty()) GTEST_SKIP() << "FIGREP_CORPUS names no designs";
-    for (std::string const& root : roots) {
+    SKIP_WITHOUT_CORPUS();
+    for (std::string const& root : corpus::RootSheets()) {
         TemporaryFolder folder;
         Outcome const outcome =
             RunProgram("figrep", {"render", root, "-o", folder.Path("%s.svg"), "--quiet"});
@@ -52,6 +34,49 @@ TEST(Corpus, EveryDesignBecomesWellFormedPicturesOfAllItsSheets) {
             ASSERT_EQ(document.mistake, "") << root << " " << file;
             EXPECT_TRUE(document.HasUniqueIds()) << root << " " << file;
         }
+    }
+}
+
+nlohmann::json Json(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--json", "--quiet"});
+    Outcome const outcome = RunProgram("figrep", arguments);
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    return outcome.code == 0 ? nlohmann::json::parse(outcome.out) : nlohmann::json();
+}
+
+void ExpectPins(nlohmann::json const& net) {
+    auto const pins = net.at("pins").get<std::vector<std::string>>();
+    EXPECT_TRUE(std::is_sorted(pins.begin(), pins.end())) << net;
+    EXPECT_EQ(std::adjacent_find(pins.begin(), pins.end()), pins.end()) << net;
+    for (std::string const& pin : pins) {
+        EXPECT_NE(pin.find(':'), std::string::npos) << pin;
+        EXPECT_NE(pin.front(), '#') << pin;
+    }
+}
+
+TEST(Corpus, EveryDesignIsToldInJson) {
+    SKIP_WITHOUT_CORPUS();
+    for (std::string const& root : corpus::RootSheets()) {
+        SCOPED_TRACE(root);
+        nlohmann::json const nets = Json({"list", "nets", root});
+        for (auto const& net : nets) {
+            EXPECT_TRUE(net.at("name").is_string());
+            EXPECT_TRUE(net.at("sheets").is_array());
+            EXPECT_TRUE(net.at("subnets").is_array());
+            ExpectPins(net);
+        }
+        nlohmann::json const items = Json({"list", "items", root});
+        std::map<std::string, std::size_t> counts;
+        for (auto const& item : items) {
+            EXPECT_TRUE(item.at("id").is_string());
+            EXPECT_TRUE(item.at("name").is_string());
+            EXPECT_TRUE(item.at("sheet").is_string());
+            ++counts[item.at("type").get<std::string>()];
+        }
+        nlohmann::json const info = Json({"info", root});
+        EXPECT_EQ((info.at("items").get<std::map<std::string, std::size_t>>()), counts);
+        EXPECT_EQ(info.at("nets"), nets.size());
+        EXPECT_TRUE(info.at("warnings").is_number());
     }
 }
 

@@ -1,4 +1,4 @@
-#include <integration/Corpus.h>
+#include <support/Corpus.h>
 
 #include <algorithm>
 #include <cstdlib>
