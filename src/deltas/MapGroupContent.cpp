@@ -13,6 +13,21 @@
 
 namespace figrep {
 
+namespace {
+
+/// Walks of the figure's groups go as deep as the groups are nested, so a kernel doesn't decide how
+/// deep that is. What lies deeper stands in the last group that there is room for.
+constexpr unsigned DEEPEST_GROUP = 100;
+
+bool HasRoomInside(figk::Group const& group) {
+    unsigned depth = 0;
+    for (auto owner = group.GetOwner(); owner && depth < DEEPEST_GROUP; owner = owner->GetOwner())
+        ++depth;
+    return depth < DEEPEST_GROUP;
+}
+
+}  // namespace
+
 MapGroupContent::MapGroupContent() : factory_(new KernelToFigureFactory()) {}
 MapGroupContent::MapGroupContent(MapGroupContent const&) = default;
 MapGroupContent& MapGroupContent::operator=(MapGroupContent const&) = default;
@@ -56,7 +71,9 @@ void MapGroupContent::StartGroup(SmartPtr<figk::Group> const& kernelGroup) {
     if (!kernelGroup || GetFigureGroup(kernelGroup)) return;
     auto const owner = GetFigureGroup(kernelGroup->GetOwner());
     if (!owner || !du::DynamicCast<figk::GraphicGroup>(kernelGroup)) return;
-    StorePair(kernelGroup, factory_->CreateGraphicGroup(owner));
+    StorePair(kernelGroup, HasRoomInside(*owner)
+                               ? SmartPtr<figk::Group>(factory_->CreateGraphicGroup(owner))
+                               : owner);
 }
 
 // A walk passes each group once, so the map stays as small as groups are nested.
