@@ -79,10 +79,14 @@ void BytesPerSegment(benchmark::State& state) {
 }
 BENCHMARK(BytesPerSegment)
     ->ArgNames({"segments", "withBlocks"})
+    ->Args({1'000, 0})
+    ->Args({1'000, 1})
     ->Args({10'000, 0})
     ->Args({10'000, 1})
     ->Args({100'000, 0})
     ->Args({100'000, 1})
+    ->Args({1'000'000, 0})
+    ->Args({1'000'000, 1})
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1);
 
