@@ -63,7 +63,7 @@ public:
     bool VisitTextLabelContainer(SmartPtr<TextLabelContainer> const&) override { return false; }
 
 private:
-    enum class Mode { COLLECT, QUERY };
+    enum class Mode { COLLECT, REMOVE, QUERY };
 
     bool VisitOwner(SmartPtr<AbstractFigureItem> const& owner, CrossingSegments& segments);
     bool VisitSegment(SmartPtr<Segment> const& segment, CrossingSegments& segments);

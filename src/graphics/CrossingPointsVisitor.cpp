@@ -75,7 +75,13 @@ bool CrossingPointsVisitor::HasCrossingPoints(SmartPtr<AbstractFigureItem> const
 
 void CrossingPointsVisitor::Remove(SmartPtr<AbstractFigureItem> const& owner) {
     if (!owner) return;
-    if (CrossingSegments* const segments = SegmentsOf(*owner)) segments->Remove(*owner);
+    CrossingSegments* const segments = SegmentsOf(*owner);
+    if (!segments) return;
+    segments->Remove(*owner);
+    // What a host put on wires that were never taken in goes as well.
+    mode_ = Mode::REMOVE;
+    owner->Accept(*this);
+    mode_ = Mode::COLLECT;
 }
 
 // The walk.
@@ -96,7 +102,7 @@ void CrossingPointsVisitor::VisitComplete(SmartPtr<Figure> const&) {
 
 bool CrossingPointsVisitor::VisitOwner(SmartPtr<AbstractFigureItem> const& owner,
                                        CrossingSegments& segments) {
-    return mode_ == Mode::QUERY || segments.Begin(owner);
+    return mode_ != Mode::COLLECT || segments.Begin(owner);
 }
 
 bool CrossingPointsVisitor::Visit(SmartPtr<SubNet> const& subNet) {
@@ -123,6 +129,10 @@ bool CrossingPointsVisitor::VisitSegment(SmartPtr<Segment> const& segment,
         segments.Add(segment);
         return true;
     }
+    if (mode_ == Mode::REMOVE) {
+        if (segment->HasCrossingPoints()) segment->RemoveAllCrossingPoints();
+        return true;
+    }
     found_ = found_ || segment->HasCrossingPoints();
     return !found_;
 }
@@ -133,7 +143,7 @@ bool CrossingPointsVisitor::Visit(SmartPtr<NetSegment> const& segment) {
 
 bool CrossingPointsVisitor::Visit(SmartPtr<HighwaySegment> const& segment) {
     // A net's own walk passes along highways whose segments are taken in with these.
-    if (mode_ == Mode::COLLECT && !inHighway_) return true;
+    if (mode_ != Mode::QUERY && !inHighway_) return true;
     return VisitSegment(segment, *highways_);
 }
 

@@ -68,6 +68,13 @@ TEST_F(CrossingPointTest, AnArcOnTheUprightTopBulgesToTheLeftWithTheOthersWidthC
     EXPECT_TRUE(definition->IsEmpty());
 }
 
+TEST_F(CrossingPointTest, MadeByHandGoesWithTheWireThatIsRemoved) {
+    CrossingPointsVisitor visitor(drawing.figure.Get());
+    visitor.Remove(upright->GetSubNet());
+    EXPECT_FALSE(upright->HasCrossingPoints());
+    EXPECT_FALSE(level->HasCrossingPoints());
+}
+
 TEST_F(CrossingPointTest, OutlivesItsWiresAndAnswersNothing) {
     SetStyle(figk::CROSSING_ARC);
     SmartPtr<NetSegment> const gone = upright;
