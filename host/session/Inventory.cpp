@@ -9,25 +9,11 @@
 #include <figk/SchematicKernel.h>
 #include <figk/Sheet.h>
 #include <figk/SubNet.h>
-#include <figrep/AbstractFigureVisitor.h>
-#include <figrep/BlockInstance.h>
-#include <figrep/CableInstance.h>
-#include <figrep/ConnectorInstance.h>
 #include <figrep/CrossingPoint.h>
 #include <figrep/Figure.h>
-#include <figrep/Format.h>
-#include <figrep/GenericGraphic.h>
-#include <figrep/HighwaySegment.h>
-#include <figrep/Miscellaneous.h>
-#include <figrep/NetSegment.h>
 #include <figrep/Port.h>
-#include <figrep/PortNode.h>
-#include <figrep/SubHighway.h>
-#include <figrep/SubNet.h>
-#include <figrep/TableInstance.h>
-#include <figrep/TextGraphic.h>
-#include <figrep/TitleBlock.h>
-#include <figrep/UnroutedConnection.h>
+#include <figrep/Segment.h>
+#include <session/ForEachItem.h>
 #include <session/Pins.h>
 #include <zvk/ReadWriteLock.h>
 #include <algorithm>
@@ -73,56 +59,6 @@ std::vector<std::string> SheetsOf(figk::Net const& net, SheetOrder const& order,
     return paths;
 }
 
-// Hands every item of a figure to a function, once.
-template <typename Take>
-class ItemVisitor : public figrep::AbstractFigureVisitor {
-public:
-    explicit ItemVisitor(Take take) : take_(std::move(take)) {}
-
-#define FIGHOST_TAKE(Class)                                    \
-    bool Visit(SmartPtr<figrep::Class> const& item) override { \
-        return Pass(item);                                     \
-    }
-    FIGHOST_TAKE(BlockInstance)
-    FIGHOST_TAKE(CableInstance)
-    FIGHOST_TAKE(ConnectorInstance)
-    FIGHOST_TAKE(Format)
-    FIGHOST_TAKE(GenericGraphic)
-    FIGHOST_TAKE(HighwaySegment)
-    FIGHOST_TAKE(Miscellaneous)
-    FIGHOST_TAKE(NetSegment)
-    FIGHOST_TAKE(Port)
-    FIGHOST_TAKE(PortNode)
-    FIGHOST_TAKE(SubHighway)
-    FIGHOST_TAKE(SubNet)
-    FIGHOST_TAKE(TableInstance)
-    FIGHOST_TAKE(TextGraphic)
-    FIGHOST_TAKE(TitleBlock)
-    FIGHOST_TAKE(UnroutedConnection)
-#undef FIGHOST_TAKE
-
-private:
-    bool Pass(SmartPtr<figrep::AbstractFigureItem> const& item) {
-        if (seen_.insert(item.Get()).second) take_(*item);
-        return true;
-    }
-
-    Take take_;
-    std::unordered_set<figrep::AbstractFigureItem const*> seen_;
-};
-
-template <typename Take>
-void ForEachItem(SessionSheet const& sheet, Take take) {
-    ItemVisitor<Take> visitor(std::move(take));
-    sheet.figure->Accept(visitor);
-}
-
-std::string NameOf(figrep::AbstractFigureItem const& item) {
-    auto const* text = dynamic_cast<figrep::TextGraphic const*>(&item);
-    if (text && !text->GetText().IsEmpty()) return text->GetText().GetString();
-    return item.GetName();
-}
-
 }  // namespace
 
 std::vector<NetEntry> ListNets(Session const& session) {
@@ -150,9 +86,9 @@ std::vector<NetEntry> ListNets(Session const& session) {
 std::vector<ItemEntry> ListItems(Session const& session) {
     std::vector<ItemEntry> items;
     for (SessionSheet const& sheet : session.GetSheets()) {
-        ForEachItem(sheet, [&](figrep::AbstractFigureItem const& item) {
+        ForEachItem(sheet.figure, [&](SmartPtr<figrep::AbstractFigureItem> const& item) {
             items.push_back(
-                {item.GetId().GetString(), item.GetTypeName(), NameOf(item), sheet.path});
+                {item->GetId().GetString(), item->GetTypeName(), DisplayNameOf(*item), sheet.path});
         });
     }
     return items;
@@ -192,8 +128,8 @@ std::size_t CountCrossings(Session const& session) {
     std::size_t count = 0;
     for (SessionSheet const& sheet : session.GetSheets()) {
         std::unordered_set<figrep::CrossingPoint const*> seen;
-        ForEachItem(sheet, [&](figrep::AbstractFigureItem const& item) {
-            auto const* segment = dynamic_cast<figrep::Segment const*>(&item);
+        ForEachItem(sheet.figure, [&](SmartPtr<figrep::AbstractFigureItem> const& item) {
+            auto const* segment = dynamic_cast<figrep::Segment const*>(item.Get());
             if (!segment) return;
             std::vector<SmartPtr<figrep::CrossingPoint>> crossings;
             segment->GetCrossingPoints(crossings);

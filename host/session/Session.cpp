@@ -128,6 +128,7 @@ Session::Opened Session::Open(std::string const& path, SessionOptions const& opt
 Session::Opened Session::Open(FileSource& files, std::string const& path,
                               SessionOptions const& options) {
     Opened opened;
+    InstallOperationNames();
     std::unique_ptr<Session> session(new Session());
     session->file_ = path;
     if (session->Load(files, options, opened.error)) opened.session = std::move(session);
@@ -177,6 +178,7 @@ void Session::AddSheet(SmartPtr<figk::Sheet> const& record, SessionOptions const
 }
 
 Session::~Session() {
+    history_.Clear();  // operations hold figures
     auto const record = figrep::SchematicRepresentation::GetSingleton();
     for (SessionSheet const& sheet : sheets_)
         record->RemoveFigure(sheet.figure);

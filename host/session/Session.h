@@ -11,6 +11,7 @@
 #include <figrep/Fwd.h>
 #include <readers/FileSource.h>
 #include <readers/Findings.h>
+#include <session/History.h>
 
 namespace fighost {
 
@@ -55,6 +56,9 @@ public:
     std::vector<SessionSheet const*> FindSheets(std::string const& nameOrPath) const;
     /// What the reader and the builder passed over or mended.
     Findings const& GetFindings() const { return findings_; }
+    /// What was done to the figures by operations on the history's scene, for undo and redo.
+    History& GetHistory() { return history_; }
+    History const& GetHistory() const { return history_; }
 
 private:
     Session() = default;
@@ -65,6 +69,7 @@ private:
     figrep::SmartPtr<figk::Design> design_;
     std::vector<SessionSheet> sheets_;
     Findings findings_;
+    History history_;
 };
 
 /// Exactly one of the two is set.
