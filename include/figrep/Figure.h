@@ -170,6 +170,19 @@ public:
     void SetItemPreselectHighlight(SmartPtr<AbstractFigureItem> const& item, bool on);
     void SetItemVisibility(SmartPtr<AbstractFigureItem> const& item, bool on);
 
+    // Visibility as a user sets it: recorded, saved, and undone through the operation's steps. A
+    // null operation leaves the change without undo. Observers hear of each step.
+
+    void HideItems(Items const& items, SmartPtr<zvk::Operation> const& operation);
+    void UnHideItems(Items const& items, SmartPtr<zvk::Operation> const& operation);
+    /// Hides everything but `items`, what belongs to cables among them and what is grouped with
+    /// one of them on the figure; then shows those of `items` that are hidden. One or two steps.
+    void IsolateItems(Items const& items, SmartPtr<zvk::Operation> const& operation);
+    /// Shows what `GetHiddenContentVisitor` finds.
+    void UnhideAll(SmartPtr<zvk::Operation> const& operation);
+    /// `UnHideItems` or `HideItems`.
+    void ShowHideNodes(Items const& items, bool show, SmartPtr<zvk::Operation> const& operation);
+
     // Settings. `notify` tells observers that the looks changed.
 
     void AddSetting(ConstSmartPtr<Setting> const& setting, bool notify) override;
@@ -267,6 +280,7 @@ private:
     void RemoveFormat(SmartPtr<AbstractFigureItem> const& item);
     void RemoveSubHighway(SmartPtr<AbstractFigureItem> const& item);
     void RemoveSubNet(SmartPtr<AbstractFigureItem> const& item);
+    Items ItemsBeside(Items const& items);
     void UpdateArrows();
     void DrawWires();
     void NoteFailure(SmartPtr<figk::AbstractDelta> const& delta);

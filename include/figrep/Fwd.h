@@ -28,6 +28,7 @@ class Texture;
 }  // namespace zv2d
 
 namespace zvk {
+class Operation;
 class ReadWriteLock;
 class SerializedContentElement;
 }  // namespace zvk
@@ -82,6 +83,7 @@ class PortNode;
 class Segment;
 class SubHighway;
 class SubNet;
+class TidyJunctionsVisitor;
 class UnroutedConnection;
 class VisitCheck;
 
@@ -136,6 +138,21 @@ class PublishTitleBlockDelta;
 class RotateAction;
 class ScaleAction;
 class TransformAction;
+
+// Operations.
+class BackgroundColorOperationStep;
+class FitContentOperationStep;
+class SettingOperationStep;
+class UnhideAllOperationStep;
+class VisibilityOperationStep;
+
+// Queries.
+class DebugConnectivityVisitor;
+class DebugSettingsVisitor;
+class FigureItemsVisitor;
+class FindFigurePortVisitor;
+class GetFigureContentVisitor;
+class GetHiddenContentVisitor;
 
 // The process-wide record of ports.
 class SchematicRepresentation;

@@ -6,11 +6,16 @@
 
 namespace figrep {
 
+inline SmartPtr<Setting> MakeBoolSetting(Setting::RepKey key, bool value,
+                                         figk::Setting::Level level) {
+    ConstSmartPtr<figk::BaseSettingValue> const held = new figk::SettingValue<bool>(value);
+    return new Setting(key, held, level, true);
+}
+
 /// The setting that a loader's key, as `Setting::RepKeyToSymbol` writes it, stands for.
 inline SmartPtr<Setting> MakeBoolSetting(Symbol const& key, bool value,
                                          figk::Setting::Level level) {
-    ConstSmartPtr<figk::BaseSettingValue> const held = new figk::SettingValue<bool>(value);
-    return new Setting(Setting::SymbolToRepKey(key), held, level, true);
+    return MakeBoolSetting(Setting::SymbolToRepKey(key), value, level);
 }
 
 /// False for null and for a value of another kind.

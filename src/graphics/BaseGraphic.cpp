@@ -8,6 +8,7 @@
 #include <zvk/ReadWriteLock.h>
 
 #include "connectivity/Transforms.h"
+#include "graphics/FigureGroups.h"
 
 namespace figrep {
 
@@ -21,12 +22,6 @@ SmartPtr<Figure> FigureOfGroup(SmartPtr<figk::Group> const& head) {
     SmartPtr<TextLabelContainer> const container = labels->GetTextLabelContainer();
     if (auto const item = du::DynamicCast<AbstractFigureItem>(container)) return item->GetFigure();
     return du::DynamicCast<Figure>(container);
-}
-
-/// Whether the group holds the labels of a figure.
-bool StandsOnFigure(SmartPtr<figk::Group> const& head) {
-    auto const labels = du::DynamicCast<TextLabelContainerGroup>(head);
-    return labels && du::DynamicCast<Figure>(labels->GetTextLabelContainer());
 }
 
 }  // namespace
@@ -293,10 +288,8 @@ ConstSmartPtr<figk::Setting> BaseGraphic::GetInheritedSetting(Setting::RepKey ke
     ConstSmartPtr<figk::Setting> found = GetGroupSetting(key, depth, inheritableOnly);
     if (!found && !inheritableOnly) {
         // A free text on the figure takes the look of what it is grouped with.
-        SmartPtr<GraphicGroup> const owner = GetOwner();
-        SmartPtr<figk::Group> const head = GetHeadGroup();
-        if (owner && SmartPtr<figk::Group>(owner) != head && StandsOnFigure(head)) {
-            found = owner->GetSettingFromContent(this, key, depth);
+        if (auto const group = GroupOnFigure(*this)) {
+            found = group->GetSettingFromContent(this, key, depth);
         }
     }
     ++depth;
