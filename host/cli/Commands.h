@@ -39,14 +39,25 @@ struct TraceArguments : CommonArguments {
     bool json = false;
 };
 
+struct FindArguments : CommonArguments {
+    std::string text;
+    std::string sheet;  ///< name or path; empty for all
+    bool ignoreCase = false;
+    bool json = false;
+};
+
 ExitCode Render(RenderArguments const& arguments);
 ExitCode Info(InfoArguments const& arguments);
 ExitCode List(ListArguments const& arguments);
 ExitCode Trace(TraceArguments const& arguments);
+ExitCode Find(FindArguments const& arguments);
 
 /// Opens the design and tells standard error what there is to tell. Null after an error.
 std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,
                                      SessionOptions const& options = {});
+
+/// Tells that the design has no such sheet.
+ExitCode RefuseSheet(std::string const& command, std::string const& sheet);
 
 /// Prints data; false when standard output doesn't take it.
 ExitCode PrintData(std::string const& data);

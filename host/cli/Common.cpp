@@ -34,6 +34,12 @@ std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,
     return std::move(opened.session);
 }
 
+ExitCode RefuseSheet(std::string const& command, std::string const& sheet) {
+    PrintMessage(command + ": no sheet is called '" + sheet +
+                 "'; 'figrep list sheets' names them all");
+    return EXIT_WRONG_USAGE;
+}
+
 ExitCode PrintData(std::string const& data) {
     std::string error;
     if (WriteOutput("-", data, error)) return EXIT_DONE;

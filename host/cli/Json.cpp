@@ -1,5 +1,7 @@
 #include <cli/Json.h>
 
+#include <cmath>
+
 namespace fighost {
 
 Json ToJson(NetEntry const& net) {
@@ -27,6 +29,15 @@ Json ToJson(WarningCount const& warning) {
     Place const& place = warning.first.place;
     return {{"kind", warning.kind}, {"count", warning.count}, {"file", place.file},
             {"line", place.line},   {"column", place.column}, {"message", warning.first.sentence}};
+}
+
+Json PlaceJson(SheetPlace const& place) {
+    auto const rounded = [](double mm) { return std::round(mm * 1e4) / 1e4 + 0.0; };
+    return {{"sheet", place.sheet},
+            {"column", place.column},
+            {"row", place.row},
+            {"x", rounded(place.x)},
+            {"y", rounded(place.y)}};
 }
 
 std::string JsonText(Json const& json) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <session/Inventory.h>
+#include <session/SheetPlace.h>
 #include <nlohmann/json.hpp>
 
 namespace fighost {
@@ -17,6 +18,9 @@ Json ToJson(ItemEntry const& item);
 Json ToJson(PortEntry const& port);
 Json ToJson(SessionSheet const& sheet);
 Json ToJson(WarningCount const& warning);
+
+/// An object with sheet, column, row, x and y; the numbers to 100 nm, as files have them.
+Json PlaceJson(SheetPlace const& place);
 
 template <typename Entry>
 Json ToJson(std::vector<Entry> const& entries) {

@@ -1,17 +1,10 @@
 #include <cli/Commands.h>
 #include <cli/Json.h>
+#include <cli/Lines.h>
 
 namespace fighost {
 
 namespace {
-
-// A value must stay on its line and in its column.
-std::string OneLine(std::string text) {
-    for (char& c : text) {
-        if (static_cast<unsigned char>(c) < 0x20) c = ' ';
-    }
-    return text;
-}
 
 std::string Joined(std::vector<std::string> const& texts) {
     std::string joined;
@@ -20,15 +13,6 @@ std::string Joined(std::vector<std::string> const& texts) {
         joined += text;
     }
     return joined;
-}
-
-std::string Line(std::vector<std::string> const& columns) {
-    std::string line;
-    for (std::string const& column : columns) {
-        if (&column != &columns.front()) line += '\t';
-        line += OneLine(column);
-    }
-    return line + "\n";
 }
 
 std::string ToLine(NetEntry const& net) {

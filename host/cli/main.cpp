@@ -73,6 +73,17 @@ void AddTrace(CLI::App& program, TraceArguments& arguments) {
     command.add_flag("--json", arguments.json, "print one JSON object");
 }
 
+void AddFind(CLI::App& program, FindArguments& arguments) {
+    CLI::App& command = *program.add_subcommand(
+        "find", "Find texts, items and nets, with sheet and grid cell of each");
+    AddCommon(command, arguments);
+    command.add_option("TEXT", arguments.text, "a part of a text or name, or a whole id")
+        ->required();
+    command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to search");
+    command.add_flag("-i,--ignore-case", arguments.ignoreCase, "A matches a");
+    command.add_flag("--json", arguments.json, "print one JSON array");
+}
+
 ExitCode Run(int argc, char** argv) {
     CLI::App program("figrep shows schematic designs as live figures.", "figrep");
     program.set_version_flag("--version", std::string("figrep ") + FIGREP_VERSION);
@@ -86,6 +97,8 @@ ExitCode Run(int argc, char** argv) {
     AddInfo(program, info);
     AddList(program, list);
     AddTrace(program, trace);
+    FindArguments find;
+    AddFind(program, find);
     try {
         program.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
@@ -95,6 +108,7 @@ ExitCode Run(int argc, char** argv) {
     if (program.got_subcommand("render")) return Render(render);
     if (program.got_subcommand("info")) return Info(info);
     if (program.got_subcommand("trace")) return Trace(trace);
+    if (program.got_subcommand("find")) return Find(find);
     return List(list);
 }
 

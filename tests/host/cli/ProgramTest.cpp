@@ -22,7 +22,7 @@ TEST(Program, VersionAndHelpAreNoErrors) {
     EXPECT_EQ(version.code, 0);
     EXPECT_EQ(version.out.substr(0, 7), "figrep ");
     for (std::vector<std::string> command :
-         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}, {"trace"}}) {
+         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}, {"trace"}, {"find"}}) {
         command.push_back("--help");
         Outcome const help = Figrep(command);
         EXPECT_EQ(help.code, 0);
@@ -39,6 +39,8 @@ TEST(Program, WrongUsageExitsWithOneAndPrintsNoData) {
           {"list", "colours", EXAMPLE},
           {"info", EXAMPLE, "--sparkle"},
           {"trace", EXAMPLE, "no such net"},
+          {"find", EXAMPLE},
+          {"find", EXAMPLE, "U2", "--sheet", "no such sheet"},
           {"render", EXAMPLE, "-o", "x.bmp"},
           {"render", EXAMPLE, "-o", "x.svg", "--crossings", "y"},
           {"render", EXAMPLE, "-o", "-", "--background", "blurple"},

@@ -35,11 +35,9 @@ Place PlaceOf(Node const* at) {
     return at ? Place{at->Coordinate(1), at->Coordinate(2)} : Place{};
 }
 
-std::string Property(Node const& node, std::initializer_list<char const*> names) {
-    for (Node const* property : node.All("property"))
-        for (char const* name : names)
-            if (property->At(1) == name) return property->At(2);
-    return {};
+std::string Property(Node const& node, std::vector<std::string> const& names) {
+    Node const* property = PropertyOf(node, names);
+    return property ? property->At(2) : std::string();
 }
 
 void ReadLines(Node const& root, Instance& instance) {
@@ -115,6 +113,48 @@ std::string TypeOf(Node const& symbol, LibraryPin const& pin) {
     return pin.type;
 }
 
+std::string UnitLetters(int unit) {
+    std::string letters;
+    for (--unit; unit >= 0; unit = unit / 26 - 1)
+        letters.insert(0, 1, static_cast<char>('A' + unit % 26));
+    return letters;
+}
+
+}  // namespace
+
+Node const* PropertyOf(Node const& node, std::vector<std::string> const& names) {
+    for (Node const* property : node.All("property"))
+        for (std::string const& name : names)
+            if (property->At(1) == name) return property;
+    return nullptr;
+}
+
+Node const* LibraryOf(Node const& root, Node const& symbol) {
+    Node const* name = symbol.Find("lib_name") ? symbol.Find("lib_name") : symbol.Find("lib_id");
+    Node const* symbols = root.Find("lib_symbols");
+    if (symbols && name)
+        for (Node const* each : symbols->All("symbol"))
+            if (each->At(1) == name->At(1)) return each;
+    return nullptr;
+}
+
+std::vector<Node const*> PartsOf(Node const& library, int unit, int body) {
+    std::vector<Node const*> parts;
+    for (Node const* part : library.All("symbol")) {
+        auto const [partUnit, partBody] = UnitAndBody(part->At(1));
+        if ((partUnit == 0 || partUnit == unit) && (partBody == 0 || partBody == body))
+            parts.push_back(part);
+    }
+    return parts;
+}
+
+std::string PinNameOf(Node const& symbol, Node const& libraryPin) {
+    for (Node const* placed : symbol.All("pin"))
+        if (placed->Find("alternate") && placed->At(1) == libraryPin.Find("number")->At(1))
+            return placed->Find("alternate")->At(1);
+    return libraryPin.Find("name")->At(1);
+}
+
 Place Transform(Node const& symbol, Node const& at) {
     double const angle = std::strtod(symbol.Find("at")->At(3).c_str(), nullptr);
     long x = at.Coordinate(1);
@@ -128,15 +168,6 @@ Place Transform(Node const& symbol, Node const& at) {
     Place const origin = PlaceOf(symbol.Find("at"));
     return {origin.x + x, origin.y + y};
 }
-
-std::string UnitLetters(int unit) {
-    std::string letters;
-    for (--unit; unit >= 0; unit = unit / 26 - 1)
-        letters.insert(0, 1, static_cast<char>('A' + unit % 26));
-    return letters;
-}
-
-}  // namespace
 
 // Sheets are metres wide at most, so products of coordinates stay far below the limits of `long`.
 bool Line::Holds(Place const& p) const {
@@ -161,6 +192,7 @@ int Loader::AddInstance(fs::path const& file, std::string path, std::string iden
     int const index = static_cast<int>(design.instances.size());
     design.instances.emplace_back();
     Instance& instance = design.instances.back();
+    instance.file = file.lexically_normal().string();
     instance.path = std::move(path);
     instance.identity = std::move(identity);
     instance.depth = depth;
@@ -221,25 +253,24 @@ void Loader::ReadSymbols(Node const& root, int index) {
 }
 
 void Loader::ReadSymbol(Node const& root, Node const& symbol, Instance& instance, int index) {
-    Node const* name = symbol.Find("lib_name") ? symbol.Find("lib_name") : symbol.Find("lib_id");
-    Node const* library = nullptr;
-    Node const* symbols = root.Find("lib_symbols");
-    if (symbols && name)
-        for (Node const* each : symbols->All("symbol"))
-            if (each->At(1) == name->At(1)) library = each;
-    if (!library) return;
-
+    Node const* library = LibraryOf(root, symbol);
     Instancing const placed = Lookup(symbol, instance);
     Node const* style =
         symbol.Find("body_style") ? symbol.Find("body_style") : symbol.Find("convert");
     int const body = style ? std::atoi(style->At(1).c_str()) : 1;
-    std::vector<LibraryPin> pins;
     std::set<int> units;
+    if (library)
+        for (Node const* part : library->All("symbol"))
+            units.insert(UnitAndBody(part->At(1)).first);
+    units.erase(0);
+    std::string const unitReference =
+        placed.reference + (units.size() > 1 ? UnitLetters(placed.unit) : std::string());
+    instance.parts.push_back({placed.reference, unitReference, placed.unit, body});
+    if (!library) return;
+
+    std::vector<LibraryPin> pins;
     std::map<std::string, int> names;
-    for (Node const* part : library->All("symbol")) {
-        auto const [unit, partBody] = UnitAndBody(part->At(1));
-        if (unit != 0) units.insert(unit);
-        if ((unit != 0 && unit != placed.unit) || (partBody != 0 && partBody != body)) continue;
+    for (Node const* part : PartsOf(*library, placed.unit, body)) {
         for (Node const* pin : part->All("pin")) {
             LibraryPin read{pin, pin->At(1), Unescape(pin->Find("name")->At(1)),
                             pin->Find("number")->At(1), pin->Flag("hide")};
@@ -252,8 +283,7 @@ void Loader::ReadSymbol(Node const& root, Node const& symbol, Instance& instance
     for (LibraryPin const& pin : pins) {
         Pin result;
         result.reference = placed.reference;
-        result.unitReference =
-            placed.reference + (units.size() > 1 ? UnitLetters(placed.unit) : std::string());
+        result.unitReference = unitReference;
         result.name = pin.name;
         result.nameIsShared = names[pin.name] > 1;
         std::string const type = TypeOf(symbol, pin);

@@ -54,7 +54,16 @@ struct Pin {
     int symbol = 0;
 };
 
+/// A placed symbol as this instance of its sheet has it.
+struct Part {
+    std::string reference;
+    std::string unitReference;  ///< With the letter of the unit where there are several.
+    int unit = 1;
+    int body = 1;
+};
+
 struct Instance {
+    std::string file;
     std::string path;      ///< Human path, "/" for the root.
     std::string identity;  ///< Path of unique ids.
     int depth = 0;
@@ -63,6 +72,7 @@ struct Instance {
     std::vector<Label> labels;
     std::vector<SheetPin> sheetPins;
     std::vector<Pin> pins;
+    std::vector<Part> parts;  ///< In the order of the file's symbols.
 };
 
 struct Design {
@@ -72,5 +82,16 @@ struct Design {
 };
 
 Design ReadDesign(std::string const& rootFile);
+
+/// The library entry of a placed symbol in its sheet's file, or null.
+Node const* LibraryOf(Node const& root, Node const& symbol);
+/// The parts of a library entry that a unit shows in a body style.
+std::vector<Node const*> PartsOf(Node const& library, int unit, int body);
+/// Where a point of a library entry lies on the sheet.
+Place Transform(Node const& symbol, Node const& at);
+/// The name of the pin, `(pin "1" (alternate "..."))` of the placed symbol taken into account.
+std::string PinNameOf(Node const& symbol, Node const& libraryPin);
+/// The first of the properties that the node has of these names; null when it has none.
+Node const* PropertyOf(Node const& node, std::vector<std::string> const& names);
 
 }  // namespace oracle
