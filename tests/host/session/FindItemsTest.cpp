@@ -31,13 +31,14 @@ std::set<std::string> TypesOf(std::vector<SheetItem> const& items) {
 
 class FindItemsTest : public testing::Test {
 protected:
-    void SetUp() override {
-        session = test::OpenExample();
-        ASSERT_TRUE(session);
-    }
+    static void SetUpTestSuite() { session = test::OpenExample(); }
+    static void TearDownTestSuite() { session.reset(); }
+    void SetUp() override { ASSERT_TRUE(session); }
 
-    std::unique_ptr<Session> session;
+    static std::unique_ptr<Session> session;
 };
+
+std::unique_ptr<Session> FindItemsTest::session;
 
 TEST_F(FindItemsTest, ANetMeansItsPiecesOnAllSheets) {
     for (NetEntry const& net : ListNets(*session)) {
