@@ -4,6 +4,7 @@
 #include <cli/ExitCode.h>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <session/Session.h>
 
@@ -23,6 +24,8 @@ struct RenderArguments : CommonArguments {
     unsigned size = 0;   ///< width of PNG in pixels; 0: by `dpi`
     std::string background = "white";
     std::string crossings = "arc";
+    std::vector<std::string> hide;     ///< names of items, nets or ports
+    std::vector<std::string> isolate;  ///< the same
 };
 
 struct InfoArguments : CommonArguments {

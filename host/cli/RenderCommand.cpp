@@ -1,6 +1,7 @@
 #include <cli/Color.h>
 #include <cli/Commands.h>
 #include <cli/RenderJob.h>
+#include <session/ShowHide.h>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,7 +46,9 @@ ExitCode Render(RenderArguments const& arguments) {
     if (!session) return EXIT_UNREADABLE_INPUT;
     RenderJob const job{arguments, *session, SheetsFor(arguments, *session), *background, format};
     std::string const problem = ProblemOf(job);
-    return problem.empty() ? PaintAll(job) : Refuse(problem);
+    if (!problem.empty()) return Refuse(problem);
+    auto const unknown = ShowOnly(*session, {arguments.isolate, arguments.hide});
+    return unknown ? Refuse(*unknown) : PaintAll(job);
 }
 
 }  // namespace fighost

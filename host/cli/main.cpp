@@ -46,6 +46,14 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
                     "what wires show where they cross without connecting")
         ->check(CLI::IsMember({"arc", "gap", "none"}))
         ->capture_default_str();
+    command
+        .add_option("--hide", arguments.hide,
+                    "ITEM, NET or PORT: leave it out on all sheets; may be repeated")
+        ->allow_extra_args(false);
+    command
+        .add_option("--isolate", arguments.isolate,
+                    "ITEM, NET or PORT: leave out all but this and the frame; may be repeated")
+        ->allow_extra_args(false);
 }
 
 void AddInfo(CLI::App& program, InfoArguments& arguments) {
