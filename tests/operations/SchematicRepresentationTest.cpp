@@ -66,16 +66,24 @@ std::size_t Count(Strings const& lines, std::string const& line) {
     return static_cast<std::size_t>(std::count(lines.begin(), lines.end(), line));
 }
 
+/// The record listens to the world that there is when it is first asked for, which any test of the
+/// program may do.
+class InAWorld : public ::testing::Environment {
+public:
+    void SetUp() override {
+        zvk::World::SetWorld(new zvk::World);
+        SchematicRepresentation::GetSingleton();
+    }
+    void TearDown() override { zvk::World::SetWorld(nullptr); }
+};
+
+[[maybe_unused]] ::testing::Environment* const inAWorld =
+    ::testing::AddGlobalTestEnvironment(new InAWorld);
+
 /// Two sheets that share a bus port; the bus carries A and B on the first, A alone on the second.
 /// A plain port of the net C shows on both as well.
 class RepresentationTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        zvk::World::SetWorld(new zvk::World);
-        SchematicRepresentation::GetSingleton();
-    }
-    static void TearDownTestSuite() { zvk::World::SetWorld(nullptr); }
-
     void SetUp() override {
         zvk::depiction::SetRunningDepict(true);
         record = SchematicRepresentation::GetSingleton();
