@@ -47,6 +47,8 @@ public:
     /// Null for a node that the figure made.
     SmartPtr<figk::HighwayNode> GetKernelHighwayNode() const;
     SmartPtr<SubHighway> GetSubHighway() const;
+    /// The segment beside it, at which the net enters; null while the node hangs elsewhere.
+    SmartPtr<HighwaySegment> GetHighwaySegment() const;
 
     void Accept(AbstractFigureVisitor& visitor) override;
     SmartPtr<SubNet> GetSubNet() const override;

@@ -162,17 +162,21 @@ SmartPtr<Figure> HighwayNode::GetNodeFigure() const {
 
 bool HighwayNode::Contacts(DPoint2D const& point) const {
     zvk::ReadGuard const guard(GetTreeLock());
-    if (auto const segment = du::DynamicCast<HighwaySegment>(GetNonJunctionPredecessor())) {
-        return segment->Contacts(point);
+    auto const segment = GetHighwaySegment();
+    return segment && segment->Contacts(point);
+}
+
+SmartPtr<HighwaySegment> HighwayNode::GetHighwaySegment() const {
+    zvk::ReadGuard const guard(GetTreeLock());
+    if (auto const above = du::DynamicCast<HighwaySegment>(GetNonJunctionPredecessor())) {
+        return above;
     }
     std::vector<SmartPtr<figk::BaseConnectionNode>> successors;
     GetNonJunctionSuccessors(successors);
     for (auto const& successor : successors) {
-        if (auto const segment = du::DynamicCast<HighwaySegment>(successor)) {
-            return segment->Contacts(point);
-        }
+        if (auto const below = du::DynamicCast<HighwaySegment>(successor)) return below;
     }
-    return false;
+    return nullptr;
 }
 
 }  // namespace figrep
