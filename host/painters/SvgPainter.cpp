@@ -1,6 +1,7 @@
 #include <painters/SvgPainter.h>
 
 #include <painters/Base64.h>
+#include <painters/HexColor.h>
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -17,18 +18,6 @@ constexpr char const* DEFAULT_FONTS = "DejaVu Sans, Verdana, Helvetica, sans-ser
 
 bool IsFinite(dg::DPoint2D const& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
-}
-
-int Channel(float value) {
-    float const clamped = value > 0 ? std::min(value, 1.0f) : 0.0f;  // also for NaN
-    return static_cast<int>(std::lround(clamped * 255.0f));
-}
-
-std::string HexColor(dg::Color const& color) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%02x%02x%02x", Channel(color.r), Channel(color.g),
-                  Channel(color.b));
-    return text;
 }
 
 bool IsNameCharacter(char c) {

@@ -15,10 +15,14 @@
 #include <figrep/FigureSettingDelta.h>
 #include <figrep/FigureSheetDelta.h>
 #include <figrep/FigureSubNetDelta.h>
+#include <figrep/Format.h>
 #include <figrep/PublishTitleBlockDelta.h>
 #include <figrep/SubNet.h>
+#include <figrep/TitleBlock.h>
 #include <persistence/ContentFields.h>
+#include <persistence/Deletable.h>
 #include <persistence/DescribeDelta.h>
+#include <persistence/TitleBlockTexts.h>
 #include <zvk/ReadWriteLock.h>
 
 namespace fighost {
@@ -31,7 +35,6 @@ using figrep::Symbol;
 using zvk::SerializedContentElement;
 using Delta = figk::AbstractDelta;
 using DeltaPtr = SmartPtr<figk::AbstractDelta>;
-using Item = figrep::AbstractFigureItem;
 
 /// Hands ready deltas to a figure's list.
 class ReadyDeltas : public figk::AbstractDeltaGenerator {
@@ -39,12 +42,6 @@ public:
     explicit ReadyDeltas(std::vector<DeltaPtr> ready) { deltas = std::move(ready); }
     void Generate() override {}
 };
-
-// What `Figure::RemoveItem` takes out; a deletion of anything else has no effect.
-bool CanBeDeleted(Item const& item) {
-    return item.GetType() == Item::ITEM_BLOCK_INSTANCE || item.GetType() == Item::ITEM_FORMAT ||
-           item.GetType() == Item::ITEM_SUB_HIGHWAY || item.GetType() == Item::ITEM_SUB_NET;
-}
 
 bool IsOfType(SerializedContentElement const& element, Symbol const& type) {
     return TypeOf(element) == type;
@@ -81,6 +78,10 @@ private:
         DeltaReport& report = reports_.back();
         report.number = index + 1;
         report.what = DescribeDelta(content, names_);
+        if (IsTrailingPublication(index) && HasTitleBlock() && !HoldsPublishedTexts(content)) {
+            published_ = true;
+            return;
+        }
         LoadedDelta const loaded = types_.Load(content, figure_);
         if (!loaded.delta) {
             report.outcome = DeltaReport::NOT_UNDERSTOOD;
@@ -89,6 +90,7 @@ private:
         }
         auto const missing = MissingTargets(content);
         std::string const mistake = MistakeOf(content);
+        DesignTexts const designTexts(IsTrailingPublication(index) ? figure_ : nullptr);
         bool const applied = mistake.empty() && loaded.delta->Apply(*figure_);
         ForgetChangedItems(loaded.delta);
         Judge(report, content, missing, applied);
@@ -96,7 +98,7 @@ private:
         if (loaded.delta->GetStatus() == Delta::STATUS_TARGET_MISSING) return;
         if (IsTrailingPublication(index)) {
             published_ = applied;
-            if (applied) return;
+            if (applied) return designTexts.PutBack();
         }
         component.delta = loaded.delta;
         listed_.push_back(loaded.delta);
@@ -174,6 +176,11 @@ private:
         return index + 1 == saved_.components.size() &&
                IsOfType(*saved_.components[index].content,
                         figrep::PublishTitleBlockDelta::GetClassTypeValue());
+    }
+
+    bool HasTitleBlock() const {
+        auto const format = figure_->GetFormat();
+        return format && format->GetTitleBlock();
     }
 
     // The figure writes its texts itself from now on.

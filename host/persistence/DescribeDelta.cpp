@@ -10,6 +10,7 @@
 #include <figrep/FigureSheetDelta.h>
 #include <figrep/FigureSubNetDelta.h>
 #include <figrep/PublishTitleBlockDelta.h>
+#include <persistence/ColorDelta.h>
 #include <persistence/ContentFields.h>
 #include <persistence/DeltaTypes.h>
 
@@ -100,6 +101,9 @@ std::string DescribeDelta(SerializedContentElement const& element, KnownNames co
     }
     if (type == figrep::FigureSheetDelta::GetClassTypeValue()) {
         return "show the sheet " + ListOf(targets, names);
+    }
+    if (type == ColorDelta::GetClassTypeValue()) {
+        return ColorDelta::Describe(element, ListOf(targets, names));
     }
     return VerbOf(element) + " " + ListOf(targets, names);
 }

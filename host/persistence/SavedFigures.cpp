@@ -11,6 +11,7 @@
 #include <figrep/AbstractFigureItem.h>
 #include <figrep/Figure.h>
 #include <figrep/FigureItemDeleteDelta.h>
+#include <figrep/FigureSettingDelta.h>
 #include <figrep/FigureSheetDelta.h>
 #include <persistence/ContentFields.h>
 #include <zvk/ReadWriteLock.h>
@@ -91,8 +92,9 @@ std::vector<Content> MergeComponents(std::vector<Content> const& captured,
         merged.push_back(component.content);
     }
     for (std::size_t i = 0; i < captured.size(); ++i) {
-        bool const known = i < deltas.size() && loaded.count(deltas[i]) != 0;
-        if (!known) merged.push_back(captured[i]);
+        bool const listed = i < deltas.size();  // else the texts of the title block
+        if (listed && (loaded.count(deltas[i]) != 0 || !IsWorthSaving(*deltas[i]))) continue;
+        merged.push_back(captured[i]);
     }
     return merged;
 }
@@ -214,17 +216,25 @@ ReadFigures ReadSavedFigures(std::string_view bytes, std::string const& path) {
 
 ReadFigures ReadSavedFigures(FileSource& files, std::string const& path) {
     std::string bytes;
+    ReadFigures missing;
     switch (files.Read(path, FILE_LIMIT, bytes)) {
         case FileSource::Status::READ:
             return ReadSavedFigures(bytes, path);
         case FileSource::Status::MISSING:
-            return ErrorAt(path, "there is no such file");
+            missing = ErrorAt(path, "there is no such file");
+            missing.isMissing = true;
+            return missing;
         case FileSource::Status::TOO_LARGE:
             return ErrorAt(path, "the file is too large");
         case FileSource::Status::FAILED:
             break;
     }
     return ErrorAt(path, "the file can't be read");
+}
+
+bool IsWorthSaving(figk::AbstractDelta const& delta) {
+    auto const* const setting = dynamic_cast<figrep::FigureSettingDelta const*>(&delta);
+    return !setting || !setting->GetItems().empty();
 }
 
 std::unique_ptr<SerializedContentElement> CaptureFigure(SmartPtr<Figure> const& figure,

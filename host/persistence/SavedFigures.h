@@ -52,6 +52,7 @@ struct ReadFigures {
     };
     std::optional<File> file;
     std::optional<Finding> error;
+    bool isMissing = false;  ///< the error is that there is no such file
 };
 
 /// Reads a file of saved figures. Everything that isn't such a file, that is newer than this
@@ -59,6 +60,9 @@ struct ReadFigures {
 /// none and is kept.
 ReadFigures ReadSavedFigures(FileSource& files, std::string const& path);
 ReadFigures ReadSavedFigures(std::string_view bytes, std::string const& path);
+
+/// False for a setting that was put on no item at all, as showing all makes it where all is shown.
+bool IsWorthSaving(figk::AbstractDelta const& delta);
 
 /// What a figure's part of the file holds now: `saved` is what it was loaded from, or null.
 std::unique_ptr<zvk::SerializedContentElement> CaptureFigure(
