@@ -26,6 +26,7 @@ struct RenderArguments : CommonArguments {
     std::string crossings = "arc";
     std::vector<std::string> hide;     ///< names of items, nets or ports
     std::vector<std::string> isolate;  ///< the same
+    std::string saved;  ///< a file of saved figures; empty for none
 };
 
 struct InfoArguments : CommonArguments {
@@ -49,11 +50,25 @@ struct FindArguments : CommonArguments {
     bool json = false;
 };
 
+struct ApplyArguments : CommonArguments {
+    std::string saved;
+    std::string output;  ///< where the figures are saved again; empty for nowhere
+    bool strict = false;
+    bool json = false;
+};
+
+struct LogArguments {
+    std::string figure;
+    bool json = false;
+};
+
 ExitCode Render(RenderArguments const& arguments);
 ExitCode Info(InfoArguments const& arguments);
 ExitCode List(ListArguments const& arguments);
 ExitCode Trace(TraceArguments const& arguments);
 ExitCode Find(FindArguments const& arguments);
+ExitCode Apply(ApplyArguments const& arguments);
+ExitCode Log(LogArguments const& arguments);
 
 /// Opens the design and tells standard error what there is to tell. Null after an error.
 std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,

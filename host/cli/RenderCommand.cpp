@@ -1,6 +1,7 @@
 #include <cli/Color.h>
 #include <cli/Commands.h>
 #include <cli/RenderJob.h>
+#include <cli/SavedFile.h>
 #include <session/ShowHide.h>
 #include <memory>
 #include <optional>
@@ -42,8 +43,10 @@ ExitCode Render(RenderArguments const& arguments) {
     if (!background) return Refuse("unknown colour '" + arguments.background + "'");
     SessionOptions options;
     options.crossings = CrossingStyle(arguments.crossings);
+    options.saved = arguments.saved;
     std::unique_ptr<Session> const session = OpenSession(arguments, options);
     if (!session) return EXIT_UNREADABLE_INPUT;
+    TellLostChanges(arguments, arguments.saved, *session);
     RenderJob const job{arguments, *session, SheetsFor(arguments, *session), *background, format};
     std::string const problem = ProblemOf(job);
     if (!problem.empty()) return Refuse(problem);

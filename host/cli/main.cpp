@@ -12,7 +12,8 @@ namespace {
 using namespace fighost;
 
 constexpr char const* EXIT_CODES =
-    "Exit codes: 0 done, 1 wrong usage, 2 unexpected, 3 unreadable input, 4 cannot write.";
+    "Exit codes: 0 done, 1 wrong usage, 2 unexpected, 3 unreadable input, 4 cannot write, "
+    "5 findings (with --strict).";
 
 void AddCommon(CLI::App& command, CommonArguments& arguments) {
     command.add_option("FILE", arguments.file, "the design: its root .kicad_sch file")->required();
@@ -54,6 +55,7 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
         .add_option("--isolate", arguments.isolate,
                     "ITEM, NET or PORT: leave out all but this and the frame; may be repeated")
         ->allow_extra_args(false);
+    command.add_option("--saved", arguments.saved, "a saved figure, as 'edit' makes it");
 }
 
 void AddInfo(CLI::App& program, InfoArguments& arguments) {
@@ -92,6 +94,25 @@ void AddFind(CLI::App& program, FindArguments& arguments) {
     command.add_flag("--json", arguments.json, "print one JSON array");
 }
 
+void AddApply(CLI::App& program, ApplyArguments& arguments) {
+    CLI::App& command = *program.add_subcommand(
+        "apply", "Apply a saved figure and tell what became of each change");
+    AddCommon(command, arguments);
+    command.add_option("--saved", arguments.saved, "the saved figure")->required();
+    command.add_option("-o,--output", arguments.output,
+                       "save the figure again, with the design as it is now");
+    command.add_flag("--strict", arguments.strict, "exit with 5 when a change no longer applies");
+    command.add_flag("--json", arguments.json, "print one JSON array");
+}
+
+void AddLog(CLI::App& program, LogArguments& arguments) {
+    CLI::App& command =
+        *program.add_subcommand("log", "Tell the changes of a saved figure in words");
+    command.add_option("FIGURE", arguments.figure, "the saved figure")->required();
+    command.add_flag("--json", arguments.json, "print one JSON array");
+    command.footer(EXIT_CODES);
+}
+
 ExitCode Run(int argc, char** argv) {
     CLI::App program("figrep shows schematic designs as live figures.", "figrep");
     program.set_version_flag("--version", std::string("figrep ") + FIGREP_VERSION);
@@ -104,9 +125,13 @@ ExitCode Run(int argc, char** argv) {
     AddRender(program, render);
     AddInfo(program, info);
     AddList(program, list);
+    ApplyArguments apply;
+    LogArguments log;
     AddTrace(program, trace);
     FindArguments find;
     AddFind(program, find);
+    AddApply(program, apply);
+    AddLog(program, log);
     try {
         program.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
@@ -117,6 +142,8 @@ ExitCode Run(int argc, char** argv) {
     if (program.got_subcommand("info")) return Info(info);
     if (program.got_subcommand("trace")) return Trace(trace);
     if (program.got_subcommand("find")) return Find(find);
+    if (program.got_subcommand("apply")) return Apply(apply);
+    if (program.got_subcommand("log")) return Log(log);
     return List(list);
 }
 

@@ -1,5 +1,6 @@
 #include <session/Session.h>
 
+#include <algorithm>
 #include <utility>
 
 #include <figk/Design.h>
@@ -118,6 +119,12 @@ void RegisterPorts(std::vector<SessionSheet> const& sheets) {
         PortRegistrar(sheet.figure).Register();
 }
 
+// A saved figure finds its sheet by ids, and another open design can have the same.
+bool ShowsAnotherSheet(SessionSheet const& sheet) {
+    auto const shown = sheet.figure->GetSheets();
+    return !shown.empty() && std::find(shown.begin(), shown.end(), sheet.record) == shown.end();
+}
+
 }  // namespace
 
 Session::Opened Session::Open(std::string const& path, SessionOptions const& options) {
@@ -149,11 +156,26 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
     }
     design_ = built.design;
     Kernel()->AddDesign(design_);
+    std::vector<std::string> paths;
+    for (figkernel::SheetSource const& sheet : source.sheets)
+        paths.push_back(sheet.path);
+    if (!options.saved.empty()) {
+        error = savedState_.Read(files, options.saved, options.savedMayBeMissing);
+    }
+    return !error && AddSheets(paths, options, error);
+}
+
+bool Session::AddSheets(std::vector<std::string> const& paths, SessionOptions const& options,
+                        std::optional<Finding>& error) {
     std::vector<SmartPtr<figk::Sheet>> const records = design_->GetSheets();
     for (std::size_t i = 0; i < records.size(); ++i) {
-        AddSheet(records[i], options);
-        sheets_.back().path = source.sheets[i].path;
+        AddSheet(records[i], paths[i], options);
+        if (ShowsAnotherSheet(sheets_.back())) {
+            error = Finding::InFile(file_, "a design with the same id is open already");
+            return false;
+        }
     }
+    savedState_.ApplyLeftOvers();
     // All figures must be there before ports are entered: a port looks for the others.
     RegisterPorts(sheets_);
     for (SessionSheet const& sheet : sheets_)
@@ -161,20 +183,31 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
     return true;
 }
 
-void Session::AddSheet(SmartPtr<figk::Sheet> const& record, SessionOptions const& options) {
+void Session::AddSheet(SmartPtr<figk::Sheet> const& record, std::string const& path,
+                       SessionOptions const& options) {
     figrep::KernelToFigureFactory factory;
     SessionSheet sheet;
     sheet.id = record->GetId().GetString();
     sheet.name = record->GetName();
+    sheet.path = path;
     sheet.record = record;
     sheet.figure = factory.CreateFigure();
     sheet.figure->AddSetting(CrossingSetting(options.crossings), false);
     AddSheetFrame(record, sheet.figure);
-    figrep::FigureSheetDeltaGenerator generator(record);
-    sheet.figure->GenerateDeltas(generator);
-    sheet.figure->ApplyDeltas(false);
+    if (!savedState_.Apply(*record, path, sheet.figure)) {
+        figrep::FigureSheetDeltaGenerator generator(record);
+        sheet.figure->GenerateDeltas(generator);
+        sheet.figure->ApplyDeltas(false);
+    }
     figrep::SchematicRepresentation::GetSingleton()->AddActiveFigure(sheet.figure, record->GetId());
     sheets_.push_back(sheet);
+}
+
+std::string Session::SaveFigures() const {
+    std::vector<SmartPtr<figrep::Figure>> figures;
+    for (SessionSheet const& sheet : sheets_)
+        figures.push_back(sheet.figure);
+    return savedState_.Write(figures);
 }
 
 Session::~Session() {
@@ -183,6 +216,7 @@ Session::~Session() {
     for (SessionSheet const& sheet : sheets_)
         record->RemoveFigure(sheet.figure);
     sheets_.clear();
+    savedState_ = SavedState();  // it holds figures too
     if (design_) Kernel()->RemoveDesign(design_);
 }
 

@@ -12,12 +12,16 @@
 #include <readers/FileSource.h>
 #include <readers/Findings.h>
 #include <session/History.h>
+#include <session/SavedState.h>
 
 namespace fighost {
 
 struct SessionOptions {
     /// What a wire shows where it crosses another one.
     figk::CrossingPointStyle crossings = figk::CROSSING_ARC;
+    /// A file of saved figures that the design's figures are made from; empty for none.
+    std::string saved;
+    bool savedMayBeMissing = false;  ///< a missing file of them is one without figures
 };
 
 /// A sheet of the open design.
@@ -59,17 +63,25 @@ public:
     /// What was done to the figures by operations on the history's scene, for undo and redo.
     History& GetHistory() { return history_; }
     History const& GetHistory() const { return history_; }
+    /// What became of each saved change; empty without a file of saved figures.
+    std::vector<SavedReport> GetSavedReports() const { return savedState_.GetReports(); }
+    /// The bytes of a file with all figures that were saved or have been changed, as they stand.
+    std::string SaveFigures() const;
 
 private:
     Session() = default;
     bool Load(FileSource& files, SessionOptions const& options, std::optional<Finding>& error);
-    void AddSheet(figrep::SmartPtr<figk::Sheet> const& record, SessionOptions const& options);
+    bool AddSheets(std::vector<std::string> const& paths, SessionOptions const& options,
+                   std::optional<Finding>& error);
+    void AddSheet(figrep::SmartPtr<figk::Sheet> const& record, std::string const& path,
+                  SessionOptions const& options);
 
     std::string file_;
     figrep::SmartPtr<figk::Design> design_;
     std::vector<SessionSheet> sheets_;
     Findings findings_;
     History history_;
+    SavedState savedState_;
 };
 
 /// Exactly one of the two is set.
