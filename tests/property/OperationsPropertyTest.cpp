@@ -1,0 +1,198 @@
+// Whatever a person does in a viewer can be undone and done again.
+#include <figk/SchematicKernel.h>
+#include <figk/Sheet.h>
+#include <figkernel/DesignBuilder.h>
+#include <figrep/BlockInstance.h>
+#include <figrep/CableInstance.h>
+#include <figrep/Figure.h>
+#include <figrep/FigureItemsVisitor.h>
+#include <figrep/JunctionNode.h>
+#include <figrep/Segment.h>
+#include <figrep/SubHighway.h>
+#include <figrep/SubNet.h>
+#include <figrep/TidyJunctionsVisitor.h>
+#include <gtest/gtest.h>
+#include <support/DrawingOfAll.h>
+#include <support/GeneratedDesign.h>
+#include <support/LiveObjects.h>
+#include <support/RandomEdits.h>
+#include <support/RandomOperations.h>
+
+#include <algorithm>
+#include <set>
+
+namespace figrep {
+
+namespace {
+
+SmartPtr<figk::Design> BuildDesign(figkernel::DesignSource const& source) {
+    return figkernel::Build(source, figk::SchematicKernel::GetKernelLock()).design;
+}
+
+figkernel::DesignSource Grid(std::uint64_t seed) {
+    test::GridOptions options;
+    options.seed = seed;
+    options.segments = 120;
+    return test::GenerateGrid(options);
+}
+
+void ExpectUndo(figkernel::DesignSource const& source, std::uint64_t seed) {
+    auto const design = BuildDesign(source);
+    auto const figure = test::FramedFigure(design->GetSheets().at(0));
+    EXPECT_EQ(test::CheckUndo(figure, seed, 20), "") << "seed " << seed;
+    EXPECT_EQ(test::ObjectsAddedByEveryRound(figure, seed, 10), 0) << "seed " << seed;
+}
+
+Figure::Items ItemsOf(SmartPtr<Figure> const& figure) {
+    Figure::Items items;
+    FigureItemsVisitor collector(items);
+    collector.SetCollectPorts(true);
+    figure->Accept(collector);
+    return items;
+}
+
+bool IsInTheGroup(SmartPtr<AbstractFigureItem> const& item) {
+    auto const label = test::LabelOf(item);
+    return label == "g1" || label == "g2" || label == "gline";
+}
+
+/// Whether the item is a sub-net of a cable among the others, or grouped with one of them.
+bool IsKeptWith(SmartPtr<AbstractFigureItem> const& item, Figure::Items const& others) {
+    return std::any_of(others.begin(), others.end(), [&](auto const& other) {
+        auto const cable = du::DynamicCast<CableInstance>(other);
+        auto const carried = cable ? cable->GetSubNets() : std::vector<SmartPtr<SubNet>>();
+        return (IsInTheGroup(item) && IsInTheGroup(other)) ||
+               std::find(carried.begin(), carried.end(), item) != carried.end();
+    });
+}
+
+/// All segments that walks of the figure's trees meet.
+std::set<Segment const*> SegmentsOf(SmartPtr<Figure> const& figure,
+                                    std::vector<SmartPtr<ConnectionNode>>& junctions) {
+    std::set<Segment const*> segments;
+    auto const walk = [&](SmartPtr<ConnectionNode> const& head) {
+        if (!head) return;
+        for (auto it = head->Begin(); it != head->End(); ++it) {
+            auto const node = du::DynamicCast<ConnectionNode>(*it);
+            if (auto const segment = du::DynamicCast<Segment>(node)) segments.insert(segment.Get());
+            if (node && node->IsJunction()) junctions.push_back(node);
+        }
+    };
+    for (auto const& subHighway : figure->GetSubHighways())
+        walk(subHighway->GetHead());
+    for (auto const& subNet : figure->GetSubNets())
+        walk(subNet->GetHead());
+    return segments;
+}
+
+void ExpectTidy(SmartPtr<Figure> const& figure, std::uint64_t seed) {
+    std::vector<SmartPtr<ConnectionNode>> junctions;
+    auto const before = SegmentsOf(figure, junctions);
+    TidyJunctionsVisitor visitor;
+    figure->Accept(visitor);
+    visitor.Tidy();
+    junctions.clear();
+    ASSERT_EQ(SegmentsOf(figure, junctions), before) << "seed " << seed;
+    figure->PrePivot(nullptr);
+    for (auto const& junction : junctions) {
+        if (!junction->GetPredecessor() && junction->IsLeaf()) continue;  // gone by the switch
+        ASSERT_TRUE(junction->GetPredecessor()) << "seed " << seed;
+        ASSERT_TRUE(junction->GetLeftSuccessor() && junction->GetRightSuccessor())
+            << "seed " << seed;
+    }
+}
+
+/// Unlinks wires plainly, as nobody should, which leaves junctions behind.
+void Damage(SmartPtr<Figure> const& figure, test::Random& random) {
+    for (auto const& subNet : figure->GetSubNets()) {
+        auto const head = subNet->GetHead();
+        if (!head || !random.OneIn(2)) continue;
+        std::vector<SmartPtr<figk::BaseConnectionNode>> nodes;
+        for (auto it = head->Begin(); it != head->End(); ++it) {
+            auto const segment = du::DynamicCast<Segment>(*it);
+            if (segment && segment->GetSubNet() == subNet && *it != head) nodes.push_back(*it);
+        }
+        if (!nodes.empty()) nodes[random.Below(nodes.size())]->Disconnect();
+    }
+}
+
+}  // namespace
+
+TEST(OperationsProperty, OnASheetWithSomethingOfEverythingAreUndoneAndRedone) {
+    for (std::uint64_t seed = 1; seed <= 30; ++seed) {
+        ExpectUndo(test::DrawingOfAll().Source(), seed);
+        if (HasFailure()) return;
+    }
+}
+
+TEST(OperationsProperty, OnATangleAreUndoneAndRedone) {
+    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+        ExpectUndo(test::GenerateTangle(seed), seed);
+        if (HasFailure()) return;
+    }
+}
+
+TEST(OperationsProperty, OnASchematicAreUndoneAndRedone) {
+    for (std::uint64_t seed = 1; seed <= 3; ++seed) {
+        ExpectUndo(Grid(seed), seed);
+        if (HasFailure()) return;
+    }
+}
+
+TEST(OperationsProperty, LeaveNothingAliveWhenFigureAndHistoryGo) {
+    auto const design = BuildDesign(test::DrawingOfAll().Source());
+    for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+        auto const left = test::ObjectsLeftBy([&] {
+            auto const figure = test::FramedFigure(design->GetSheets().at(0));
+            test::RandomOperations operations(figure, seed);
+            for (int i = 0; i < 25; ++i)
+                operations.Step();
+        });
+        EXPECT_EQ(left, 0) << "seed " << seed;
+    }
+}
+
+TEST(OperationsProperty, IsolatingShowsWhatIsIsolatedAndHidesAllThatIsNotKept) {
+    auto const design = BuildDesign(test::DrawingOfAll().Source());
+    auto const sheet = design->GetSheets().at(0);
+    for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+        auto const figure = test::FramedFigure(sheet);
+        test::RandomOperations operations(figure, seed);
+        for (std::uint64_t i = 0; i < seed % 5; ++i)
+            operations.Step();
+        auto const all = ItemsOf(figure);
+        auto isolated = all;
+        test::Random random(seed);
+        random.Shuffle(isolated);
+        isolated.resize(random.Below(4));
+        auto const hidden = test::HiddenOn(figure);
+        figure->IsolateItems(isolated, nullptr);
+        for (auto const& item : all) {
+            auto const label = test::LabelOf(item);
+            // What is only kept stays as it was, which for what was hidden is its own affair.
+            bool const wasHidden = std::count(hidden.begin(), hidden.end(), label) != 0;
+            bool const named = std::count(isolated.begin(), isolated.end(), item) != 0;
+            bool const kept = named || IsKeptWith(item, isolated);
+            if (kept && !named && wasHidden) continue;
+            EXPECT_EQ(item->IsVisible(), kept) << label << " seed " << seed;
+        }
+    }
+}
+
+TEST(TidyJunctions, AfterRandomEditsLeavesBranchesOnlyAndLosesNoSegment) {
+    for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+        auto const design = BuildDesign(seed % 3 ? test::GenerateTangle(seed) : Grid(seed));
+        auto const figure = test::FramedFigure(design->GetSheets().at(0));
+        test::RandomEdits edits(figure, seed);
+        test::Random random(seed);
+        for (int round = 0; round < 3; ++round) {
+            for (int i = 0; i < 5; ++i)
+                edits.Edit();
+            Damage(figure, random);
+            ExpectTidy(figure, seed);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+}  // namespace figrep
