@@ -59,8 +59,12 @@ public:
     void SetGraphicsGenerator(SmartPtr<TitleBlockGraphicsGenerator> const& generator);
     /// Has the generator fill the group when it is empty; nothing without a generator.
     void UpdateGraphics();
-    /// Throws away what was laid out and marks all tokens out of date.
+    /// Throws away what was laid out, moves of the title block alone included, and marks all tokens
+    /// out of date.
     void ClearTextAndGraphics();
+    /// Throws away what was laid out, since sections have other texts now. The title block stands
+    /// where it was moved to when it is laid out again.
+    void TextsChanged();
 
     /// Has the generator compute the box when it isn't known; EMPTY without a generator.
     DBox2D GetExtents() override;
@@ -84,6 +88,7 @@ private:
     void AcquireTextSections(SmartPtr<figk::TitleBlock> const& kernelTitleBlock);
     void AdoptSections(std::vector<SmartPtr<TitleBlockTextSection>> const& sections);
     void UpdateExtents();
+    void ClearLayout();
     void DeriveId() override;
     template <typename Value>
     void ChangeParameter(Value& field, Value const& value);
@@ -92,6 +97,7 @@ private:
     SmartPtr<TitleBlockGraphicsGenerator> generator_;
     std::vector<SmartPtr<TitleBlockTextSection>> textSections_;
     DBox2D layoutExtents_ = DBox2D::EMPTY;
+    DVec2 ownMove_{0, 0};  // apart from the moves of the format
     Corner corner_{};
     double offsetX_ = 0.0;
     double offsetY_ = 0.0;

@@ -35,6 +35,11 @@ Text TextOf(SmartPtr<TitleBlockTextSection> const& section) {
     return text;
 }
 
+bool SameTexts(Text const& a, Text const& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](auto const& left, auto const& right) { return left.text == right.text; });
+}
+
 bool SameShape(Sections const& a, Sections const& b) {
     return !a.empty() && std::equal(a.begin(), a.end(), b.begin(), b.end(),
                                     [](auto const& left, auto const& right) {
@@ -64,8 +69,13 @@ bool PublishTitleBlockDelta::_Verify(figk::AbstractDeltaReceiver& receiver) {
 void PublishTitleBlockDelta::_Apply(figk::AbstractDeltaReceiver&) {
     auto const live = titleBlock_->GetTextSections();
     std::size_t const count = std::min(live.size(), sections_.size());
-    for (std::size_t i = 0; i < count; ++i)
-        live[i]->SetText(TextOf(sections_[i]), false);
+    bool changed = false;
+    for (std::size_t i = 0; i < count; ++i) {
+        Text const text = TextOf(sections_[i]);
+        changed = changed || !SameTexts(TextOf(live[i]), text);
+        live[i]->SetText(text, false);
+    }
+    if (changed) titleBlock_->TextsChanged();
 }
 
 void PublishTitleBlockDelta::_Serialize(zvk::SerializedContentElement* element) {

@@ -210,22 +210,36 @@ void TitleBlock::SetGraphicsGenerator(SmartPtr<TitleBlockGraphicsGenerator> cons
 
 // Layout.
 
+// The generator lays out in the format's corner; where the block was moved to, it doesn't know.
 void TitleBlock::UpdateGraphics() {
     zvk::WriteGuard guard(GetLock());
-    if (IsEmpty() && generator_) generator_->GenerateGraphics(SmartPtr<TitleBlock>(this));
+    if (!IsEmpty() || !generator_) return;
+    generator_->GenerateGraphics(SmartPtr<TitleBlock>(this));
+    MoveGraphics(ownMove_.x, ownMove_.y);
+    MoveText(ownMove_.x, ownMove_.y);
 }
 
 void TitleBlock::UpdateExtents() {
-    if (layoutExtents_ == DBox2D::EMPTY && generator_) {
-        generator_->GenerateExtents(SmartPtr<TitleBlock>(this));
-    }
+    if (!(layoutExtents_ == DBox2D::EMPTY) || !generator_) return;
+    generator_->GenerateExtents(SmartPtr<TitleBlock>(this));
+    layoutExtents_.Translate(ownMove_);
+}
+
+void TitleBlock::ClearLayout() {
+    Clear();
+    ClearTextContainer();
+    layoutExtents_ = DBox2D::EMPTY;
+}
+
+void TitleBlock::TextsChanged() {
+    zvk::WriteGuard guard(GetLock());
+    ClearLayout();
 }
 
 void TitleBlock::ClearTextAndGraphics() {
     zvk::WriteGuard guard(GetLock());
-    Clear();
-    ClearTextContainer();
-    layoutExtents_ = DBox2D::EMPTY;
+    ClearLayout();
+    ownMove_ = DVec2(0, 0);
     for (auto const& section : textSections_)
         section->SetTextTokensOutOfDate();
 }
@@ -251,6 +265,7 @@ void TitleBlock::MoveItem(double dx, double dy) {
     if (dx == 0.0 && dy == 0.0) return;
     zvk::WriteGuard guard(GetLock());
     Move(dx, dy);
+    ownMove_ = ownMove_ + DVec2(dx, dy);
 }
 
 void TitleBlock::SetPreselectHighlight(bool on) {

@@ -3,7 +3,9 @@
 #include <figk/Format.h>
 #include <figk/TitleBlock.h>
 #include <figrep/Format.h>
+#include <figrep/GenericGraphic.h>
 #include <figrep/TitleBlock.h>
+#include <figrep/TitleBlockGraphicsGenerator.h>
 #include <figrep/TitleBlockTextSection.h>
 #include <zvk/Depiction.h>
 #include <zvkapp/OrbitApp.h>
@@ -119,6 +121,87 @@ TEST_F(PublishTitleBlockDeltaTest, WritesItsSegmentsInOrder) {
                        "text_segment {", "text_type=int 2", "text='token'", "original=false",
                        "text_value='a'", "}", "text_segment {", "text_type=int 2", "text='token'",
                        "original=false", "text_value='b'", "}", "}", "text_section {", "}"}));
+}
+
+/// Draws a line from the format's position, one unit long for each text.
+class LineLayout : public TitleBlockGraphicsGenerator {
+public:
+    void GenerateGraphics(SmartPtr<TitleBlock> const& titleBlock) override {
+        ++runs;
+        DBox2D const box = BoxOf(*titleBlock);
+        GenericGraphic::Create(titleBlock->GetLock(),
+                               test::Drawing::MakeLine({{box[0], box[1]}, {box[2], box[3]}}),
+                               titleBlock);
+    }
+    void GenerateExtents(SmartPtr<TitleBlock> const& titleBlock) override {
+        titleBlock->SetExtents(BoxOf(*titleBlock));
+    }
+    int runs = 0;
+
+private:
+    static DBox2D BoxOf(TitleBlock const& titleBlock) {
+        DPoint2D const at = titleBlock.GetFormat()->GetPosition();
+        Text text;
+        for (auto const& section : titleBlock.GetTextSections())
+            section->GetText(text);
+        double length = 0;
+        for (auto const& segment : text)
+            length += static_cast<double>(segment.text.size());
+        return DBox2D(at.x, at.y, at.x + length, at.y);
+    }
+};
+
+class LaidOutTitleBlockTest : public PublishTitleBlockDeltaTest {
+protected:
+    LaidOutTitleBlockTest() { block->SetGraphicsGenerator(layout); }
+
+    /// The box of what is drawn; that of the title block is the same.
+    DBox2D Drawn() {
+        block->UpdateGraphics();
+        DBox2D const drawn = block->GetMemberExtents();
+        EXPECT_EQ(block->GetExtents(), drawn);
+        return drawn;
+    }
+    void Publish(Strings const& texts) {
+        SmartPtr<PublishTitleBlockDelta> const delta =
+            new PublishTitleBlockDelta(SectionsOf({{texts[0], texts[1]}, {texts[2]}}));
+        EXPECT_TRUE(delta->Apply(*figure));
+    }
+    SmartPtr<LineLayout> layout = new LineLayout();
+};
+
+TEST_F(LaidOutTitleBlockTest, OtherTextsAreLaidOutAnew) {
+    EXPECT_EQ(Drawn(), DBox2D(0, 0, 11, 0));
+    Publish({"a", "b", "c"});
+    EXPECT_EQ(Drawn(), DBox2D(0, 0, 3, 0));
+}
+
+TEST_F(LaidOutTitleBlockTest, TextsThatItHasAlreadyLeaveTheLayout) {
+    Drawn();
+    Publish({"one", "two", "three"});
+    Drawn();
+    EXPECT_EQ(layout->runs, 1);
+}
+
+TEST_F(LaidOutTitleBlockTest, LaidOutAnewItStandsWhereItWasMovedTo) {
+    Drawn();
+    block->MoveItem(100, 7);
+    figure->GetFormat()->MoveItem(0, 1000);
+    EXPECT_EQ(Drawn(), DBox2D(100, 1007, 111, 1007));
+    Publish({"a", "b", "c"});
+    EXPECT_EQ(Drawn(), DBox2D(100, 1007, 103, 1007));
+}
+
+TEST_F(LaidOutTitleBlockTest, MovedBeforeItIsLaidOutItStandsThereToo) {
+    block->MoveItem(100, 7);
+    EXPECT_EQ(Drawn(), DBox2D(100, 7, 111, 7));
+}
+
+TEST_F(LaidOutTitleBlockTest, AnotherCornerTakesItBackToTheFormat) {
+    Drawn();
+    block->MoveItem(100, 7);
+    block->SetOffsetX(1);
+    EXPECT_EQ(Drawn(), DBox2D(0, 0, 11, 0));
 }
 
 // What a figure writes of itself.
