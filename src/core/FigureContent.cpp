@@ -172,27 +172,29 @@ void Figure::RemoveItem(SmartPtr<AbstractFigureItem> const& item) {
             RemoveSubNet(item);
             break;
         default:
-            break;
+            findVisitor_->Clear();
     }
-    findVisitor_->Clear();
 }
 
 // What could keep a block alive in a ring are the nodes of its connectors. They stand in sub-nets,
 // which are cut with the figure, so a block that leaves needs no remembering.
 void Figure::RemoveBlockInstance(SmartPtr<AbstractFigureItem> const& item) {
     if (!EraseFirst(blockInstances_, du::DynamicCast<BlockInstance>(item))) return;
+    findVisitor_->TakeOut(item);
     RemoveItemFromSbomKernelFigureMap(item);
 }
 
 void Figure::RemoveFormat(SmartPtr<AbstractFigureItem> const& item) {
     if (!(format_ == item)) return;
     format_.Reset();
+    findVisitor_->Clear();
     PostChangedEvent();
 }
 
 void Figure::RemoveSubHighway(SmartPtr<AbstractFigureItem> const& item) {
     auto const subHighway = du::DynamicCast<SubHighway>(item);
     if (!EraseFirst(subHighways_, subHighway)) return;
+    findVisitor_->Clear();
     crossingPoints_->Remove(subHighway);
     removedSubHighways_.push_back(subHighway);
 }
@@ -201,6 +203,7 @@ void Figure::RemoveSubHighway(SmartPtr<AbstractFigureItem> const& item) {
 void Figure::RemoveSubNet(SmartPtr<AbstractFigureItem> const& item) {
     auto const subNet = du::DynamicCast<SubNet>(item);
     if (!EraseFirst(subNets_, subNet)) return;
+    findVisitor_->TakeOut(item);
     crossingPoints_->Remove(subNet);
     ArrowRemover arrowRemover;
     subNet->Accept(arrowRemover);

@@ -23,12 +23,12 @@ FindFigureItemVisitor::~FindFigureItemVisitor() = default;
 
 SmartPtr<AbstractFigureItem> FindFigureItemVisitor::Find(Symbol const& id) {
     if (!figure_ || id.IsEmpty()) return {};
-    if (found_.empty()) {
+    if (!walked_) {
         WalkFigure();
         return Lookup(id);
     }
     if (auto item = Lookup(id)) return item;
-    if (walkedSinceArrivals_) return {};
+    if (walkedSinceChanges_) return {};
     WalkPending();
     if (auto item = Lookup(id)) return item;
     Clear();
@@ -37,20 +37,31 @@ SmartPtr<AbstractFigureItem> FindFigureItemVisitor::Find(Symbol const& id) {
 }
 
 void FindFigureItemVisitor::TakeIn(SmartPtr<AbstractFigureItem> const& item) {
-    if (found_.empty()) return;
-    walkedSinceArrivals_ = false;
+    if (!walked_) return;
+    walkedSinceChanges_ = false;
     pending_.push_back(item);
+}
+
+void FindFigureItemVisitor::TakeOut(SmartPtr<AbstractFigureItem> const& item) {
+    if (!walked_) return;
+    WalkPending();
+    takingOut_ = true;
+    item->Accept(*this);
+    takingOut_ = false;
+    walkedSinceChanges_ = false;
 }
 
 void FindFigureItemVisitor::Clear() {
     found_.clear();
     pending_.clear();
-    walkedSinceArrivals_ = false;
+    walked_ = false;
+    walkedSinceChanges_ = false;
 }
 
 void FindFigureItemVisitor::WalkFigure() {
     pending_.clear();
-    walkedSinceArrivals_ = true;
+    walked_ = true;
+    walkedSinceChanges_ = true;
     figure_->Accept(*this);
 }
 
@@ -66,7 +77,12 @@ SmartPtr<AbstractFigureItem> FindFigureItemVisitor::Lookup(Symbol const& id) con
 }
 
 bool FindFigureItemVisitor::Record(SmartPtr<AbstractFigureItem> const& item) {
-    if (!item->GetId().IsEmpty()) found_.emplace(item->GetId(), item);
+    if (item->GetId().IsEmpty()) return true;
+    if (!takingOut_) {
+        found_.emplace(item->GetId(), item);
+    } else if (Lookup(item->GetId()) == item) {
+        found_[item->GetId()].Reset();
+    }
     return true;
 }
 

@@ -10,7 +10,8 @@
 namespace figrep {
 
 /// Finds items by id. The first search walks the figure and notes the first item of each id; items
-/// that the figure receives afterwards are walked one by one at the next search.
+/// that the figure receives afterwards are walked one by one at the next search, and of those that
+/// leave it only what they held is forgotten, so that many searches among many changes stay cheap.
 ///
 /// Guarded by the figure's lock for writing. Empty ids are neither noted nor found.
 class FindFigureItemVisitor : virtual public du::RefCounted, public AbstractFigureVisitor {
@@ -20,11 +21,15 @@ public:
     ~FindFigureItemVisitor() override;
 
     /// The item with this id, or null. An id that a filled cache lacks has the figure walked anew
-    /// when items arrived since the last walk, since what hangs on older items isn't announced.
+    /// when items arrived or left since the last walk, since what hangs on older items isn't
+    /// announced, and since an item that stood behind one that left may have the same id.
     SmartPtr<AbstractFigureItem> Find(Symbol const& id);
 
     /// Has the next search look at what `item` holds. Constant time.
     void TakeIn(SmartPtr<AbstractFigureItem> const& item);
+
+    /// Forgets what `item` holds, which is about to leave the figure. Cost: that of its walk.
+    void TakeOut(SmartPtr<AbstractFigureItem> const& item);
 
     /// Forgets everything; the next search walks the figure.
     void Clear();
@@ -50,9 +55,13 @@ private:
     void WalkPending();
 
     Figure* figure_;
+    /// Null for the id of an item that left: which one is the next, only a walk of the figure
+    /// tells, so that none that arrives later takes the place.
     std::unordered_map<Symbol, SmartPtr<AbstractFigureItem>> found_;
     std::vector<SmartPtr<AbstractFigureItem>> pending_;
-    bool walkedSinceArrivals_ = false;
+    bool walked_ = false;
+    bool walkedSinceChanges_ = false;
+    bool takingOut_ = false;
 };
 
 }  // namespace figrep

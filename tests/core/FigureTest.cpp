@@ -450,14 +450,6 @@ TEST_F(FigureTest, RemovedWireTakesItsCrossingsAlong) {
     EXPECT_TRUE(figure->ItemHasCrossingPoints(across));
 }
 
-TEST_F(FigureTest, SwitchingToTheActiveSubNetDoesNothing) {
-    auto const net = Wire("n", DPoint2D(0, 0), DPoint2D(1, 0));
-    figure->PrePivot(net);
-    figure->PrePivot(net);
-    figure->PrePivot({});
-    EXPECT_TRUE(net->GetHead());
-}
-
 TEST_F(FigureTest, ReceivingNothingAndTitleBlocksWithoutFormatAreIgnored) {
     figure->Receive(SmartPtr<BlockInstance>());
     figure->Receive(SmartPtr<SubNet>());
