@@ -7,6 +7,7 @@
 #include <zvk/ReadWriteLock.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace figrep {
 
@@ -17,6 +18,11 @@ constexpr int MISSING_TARGET = 1;
 
 bool StopsRun(figk::AbstractDelta const& delta) {
     return static_cast<int>(delta.GetStatus()) == MISSING_TARGET;
+}
+
+void AppendNotNull(Figure::Deltas& deltas, Figure::Deltas const& more) {
+    std::copy_if(more.begin(), more.end(), std::back_inserter(deltas),
+                 [](auto const& delta) { return static_cast<bool>(delta); });
 }
 
 bool RefreshAndApply(AbstractFigureDelta& delta, figk::AbstractDeltaReceiver& receiver,
@@ -30,7 +36,9 @@ bool RefreshAndApply(AbstractFigureDelta& delta, figk::AbstractDeltaReceiver& re
 void Figure::GenerateDeltas(figk::AbstractDeltaGenerator& generator) {
     generator.Generate();
     zvk::WriteGuard guard(GetLock());
-    generator.GetDeltas(deltas_);
+    Deltas generated;
+    generator.GetDeltas(generated);
+    AppendNotNull(deltas_, generated);
 }
 
 void Figure::ApplyDeltas(bool refresh) {
@@ -75,8 +83,7 @@ void Figure::AddAndApplyDeltas(Deltas const& list, bool refresh) {
     {
         zvk::WriteGuard guard(GetLock());
         hasChanged_ = true;
-        std::copy_if(list.begin(), list.end(), std::back_inserter(deltas_),
-                     [](auto const& delta) { return static_cast<bool>(delta); });
+        AppendNotNull(deltas_, list);
     }
     Items collected;
     for (auto const& entry : list) {

@@ -64,6 +64,33 @@ TEST_F(FigureDeltas, EmptyListPostsNothingAndLoads) {
     EXPECT_FALSE(figure->HasChanged());
 }
 
+/// Counts how often crossings and arrows are looked at.
+class CountingFigure : public Figure {
+public:
+    void ProcessNewContent() override {
+        ++processed;
+        Figure::ProcessNewContent();
+    }
+    int processed = 0;
+};
+
+TEST_F(FigureDeltas, NewContentIsProcessedOnceForEachRun) {
+    SmartPtr<CountingFigure> const counting = new CountingFigure();
+    counting->ApplyDeltas(false);
+    EXPECT_EQ(counting->processed, 1) << "an empty list is no exception";
+    counting->AddAndApplyDelta(Touching("a"), false, false);
+    EXPECT_EQ(counting->processed, 2);
+    counting->AddAndApplyDeltas({Touching("b"), Touching("c")}, false);
+    EXPECT_EQ(counting->processed, 3);
+    auto const lost = Touching("lost", false, Delta::STATUS_TARGET_MISSING);
+    counting->AddAndApplyDeltas({lost, Touching("d")}, false);
+    EXPECT_EQ(counting->processed, 4) << "a run that was stopped is no exception";
+    SmartPtr<FakeDelta> const look = new FakeDelta();
+    look->appearanceOnly = true;
+    counting->AddAndApplyDelta(look, false, true);
+    EXPECT_EQ(counting->processed, 4);
+}
+
 TEST_F(FigureDeltas, GeneratingRecordsAndAppliesNothing) {
     auto const delta = Touching("a");
     Record({delta});
@@ -171,6 +198,15 @@ TEST_F(FigureDeltas, DeltasBehindTheOneThatStoppedStayUnapplied) {
     EXPECT_EQ(recorder->Take(), (Lines{"items off a", "content"}));
     EXPECT_EQ(figure->GetDeltas().size(), 3u);
     EXPECT_EQ(behind->calls, Lines{});
+}
+
+TEST_F(FigureDeltas, PlainFailureAmongSeveralGivesUpItsItemsAndTheRestIsRun) {
+    auto const bad = Touching("bad", false);
+    auto const good = Touching("good");
+    figure->AddAndApplyDeltas({bad, good}, true);
+    EXPECT_EQ(recorder->Take(), (Lines{"items off bad good", "content"}));
+    EXPECT_EQ(good->calls, (Lines{"refresh", "verify", "apply"}));
+    EXPECT_EQ(Failures(), Figure::Deltas{bad});
 }
 
 TEST_F(FigureDeltas, NullsAreIgnored) {

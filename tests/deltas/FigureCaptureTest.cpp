@@ -1,7 +1,9 @@
+#include <figk/AbstractDeltaGenerator.h>
 #include <figk/Format.h>
 #include <figk/TitleBlock.h>
 #include <figrep/Format.h>
 #include <figrep/PublishTitleBlockDelta.h>
+#include <figrep/TitleBlock.h>
 #include <figrep/TitleBlockTextSection.h>
 
 #include "DeltaTestSupport.h"
@@ -46,6 +48,27 @@ TEST(FigureCapture, FailedDeltasAreWrittenToo) {
     figure->AddAndApplyDelta(new PublishTitleBlockDelta({}), false, false);
     EXPECT_TRUE(figure->HasDeltaFailures());
     EXPECT_EQ(WrittenFigure(figure).size(), 6u);
+}
+
+TEST(FigureCapture, GeneratorsMayMakeNulls) {
+    class Nulls : public figk::AbstractDeltaGenerator {
+    public:
+        void Generate() override { deltas = {nullptr, new PublishTitleBlockDelta({}), nullptr}; }
+    };
+    SmartPtr<Figure> const figure = new Figure();
+    SmartPtr<Nulls> const nulls = new Nulls();
+    figure->GenerateDeltas(*nulls);
+    EXPECT_EQ(figure->GetDeltas().size(), 1u);
+    EXPECT_EQ(WrittenFigure(figure).size(), 6u);
+}
+
+TEST(FigureCapture, TitleBlockWithoutSectionsIsWrittenAllTheSame) {
+    SmartPtr<Figure> const figure = new Figure();
+    figure->Receive(SmartPtr<Format>(new Format(figure->GetLock(), nullptr)));
+    figure->Receive(SmartPtr<TitleBlock>(new TitleBlock(figure->GetLock(), nullptr, nullptr)));
+    EXPECT_EQ(WrittenFigure(figure),
+              (Strings{"content_version=int 1", "show_grid=false", "component {", "action=int 3",
+                       "type='publish_title_block_delta'", "}"}));
 }
 
 TEST(FigureCapture, KeysHaveTheirTexts) {
