@@ -32,14 +32,37 @@ protected:
     Wiring wiring;
 };
 
+/// Counts the transforms that it really goes through.
+class CountingBlock : public BlockInstance {
+public:
+    using BlockInstance::BlockInstance;
+    int transforms = 0;
+
+    void Move(double dx, double dy) override {
+        ++transforms;
+        BlockInstance::Move(dx, dy);
+    }
+    void Rotate(DPoint2D const& about, double radians) override {
+        ++transforms;
+        BlockInstance::Rotate(about, radians);
+    }
+    void Scale(DPoint2D const& about, double factor) override {
+        ++transforms;
+        BlockInstance::Scale(about, factor);
+    }
+};
+
 TEST_F(BlockTest, TransformsByNothingLeaveTheBlockAlone) {
-    auto const block = Block(DBox2D(0, 0, 2, 2));
-    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 2, 2));
+    SmartPtr<CountingBlock> const block = new CountingBlock(wiring.figure, "");
     block->MoveItem(0, 0);
     block->RotateItem(DPoint2D(9, 9), 0);
     block->ScaleItem(DPoint2D(9, 9), 0);
     block->ScaleItem(DPoint2D(9, 9), std::numeric_limits<double>::quiet_NaN());
-    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 2, 2));
+    EXPECT_EQ(block->transforms, 0);
+    block->MoveItem(0, 1);
+    block->RotateItem(DPoint2D(9, 9), 1);
+    block->ScaleItem(DPoint2D(9, 9), 1);
+    EXPECT_EQ(block->transforms, 3);
 }
 
 TEST_F(BlockTest, ChildIgnoresTransformsAndMovesWithItsParent) {
@@ -78,8 +101,8 @@ TEST_F(BlockTest, BoxFollowsAGraphicThatMovesByItself) {
     auto const child = Block(DBox2D::EMPTY);
     parent->Add(SmartPtr<BaseBlockInstance>(child));
     EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 1, 1));
-    auto const graphic = GenericGraphic::Create(wiring.Lock(), DBox2D(0, 0, 2, 2),
-                                                SmartPtr<figk::Group>(child));
+    auto const graphic =
+        GenericGraphic::Create(wiring.Lock(), DBox2D(0, 0, 2, 2), SmartPtr<figk::Group>(child));
     EXPECT_EQ(parent->GetExtents(), DBox2D(0, 0, 2, 2));
     graphic->MoveGraphics(5, 0);
     EXPECT_EQ(child->GetExtents(), DBox2D(5, 0, 7, 2));
