@@ -155,6 +155,20 @@ TEST_F(FigureConnectionsDeltaTest, UndoingFartherAwayOnlyMovesTheEndBack) {
     EXPECT_EQ(EndsOf(*Temporary()[0]), "10,0 10,-5");
 }
 
+TEST_F(FigureConnectionsDeltaTest, WhetherTheWireClosesIsAskedWithATolerance) {
+    for (double const gap : {0.0009, 0.0011}) {  // at 10 from the origin the tolerance is 0.001
+        Draw();
+        SmartPtr<Record> const record =
+            new Record(subNet, DPoint2D(10, 0), DPoint2D(10, gap), DPoint2D(10, -5), true);
+        MoveTail(-5);
+        Run(record, APPLY);
+        ASSERT_EQ(Temporary().size(), 1u);
+        MoveTail(5 + gap);
+        Run(record, UNAPPLY);
+        EXPECT_EQ(Temporary().size(), gap < 0.001 ? 0u : 1u) << gap;
+    }
+}
+
 TEST_F(FigureConnectionsDeltaTest, ConnectionThatHeadedTheSubNetLeavesASuccessorAsHead) {
     MoveTail(-5);
     Run(Break(0, -5), APPLY);

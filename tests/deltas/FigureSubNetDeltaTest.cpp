@@ -196,6 +196,36 @@ TEST(FigureSubNetDelta, RejectedHighwayNodeOrSegmentEndsTheWalkThere) {
     }
 }
 
+/// A tap of a net's segment onto a sub-highway.
+class FakeTap : public FakeHighwayNode {
+public:
+    FakeTap(SmartPtr<figk::SubHighway> const& onto, figk::ConnectionNode* of)
+        : FakeHighwayNode(nullptr), subHighway_(onto), netNode_(of) {}
+    SmartPtr<figk::SubHighway> GetSubHighway() const override { return subHighway_; }
+    SmartPtr<figk::ConnectionNode> GetNetConnectionNode() const override {
+        return SmartPtr<figk::ConnectionNode>(netNode_);
+    }
+
+private:
+    SmartPtr<figk::SubHighway> subHighway_;
+    figk::ConnectionNode* netNode_;
+};
+
+TEST(FigureSubNetDelta, SecondTapOntoOneHighwayMakesNoEntry) {
+    for (bool const sameHighway : {true, false}) {
+        SmartPtr<FakeSubHighway> const first = new FakeSubHighway("one");
+        SmartPtr<FakeSubHighway> const second = new FakeSubHighway("two");
+        SmartPtr<SubNetWithHead> const record = new SubNetWithHead("net");
+        auto* const head = record->head.Get();
+        head->AddSuccessor(SmartPtr<FakeTap>(new FakeTap(first, head)));
+        head->AddSuccessor(SmartPtr<FakeTap>(new FakeTap(sameHighway ? first : second, head)));
+        SmartPtr<Figure> const figure = new Figure();
+        EXPECT_TRUE(
+            SmartPtr<FigureSubNetDelta>(new FigureSubNetDelta(record, COPY))->Apply(*figure));
+        EXPECT_EQ(figure->GetSubNets().at(0)->GetHighwayNodes().size(), sameHighway ? 1u : 2u);
+    }
+}
+
 TEST_F(FigureSubNetDeltaTest, TwoVerticesMakeOneSegmentWhichBecomesTheHead) {
     auto const root = Vertex(0, 0);
     Vertex(10, 0, root);

@@ -65,7 +65,7 @@ public:
     using AbstractFigureVisitor::Visit;
     bool Visit(SmartPtr<UnroutedConnection> const& item) override { return AddWire(*item); }
     bool Visit(SmartPtr<TitleBlock> const& item) override {
-        Add(*item, "");
+        Add(*item, Place(item->GetExtents()));
         for (auto const& section : item->GetTextSections()) {
             std::vector<TitleBlockTextSection::TextSegment> text;
             section->GetText(text);

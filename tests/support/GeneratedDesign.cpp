@@ -42,6 +42,7 @@ public:
             sheet->name = "Sheet " + std::to_string(i);
             highwayOnSheet = 0;
             FillSheet((i + 1) * options.segments / sheets);
+            if (options.oddments) AddOddments();
         }
         return std::move(design);
     }
@@ -196,6 +197,59 @@ private:
         port.port = highway + 1;
         port.position = {busX, top + STEP};
         sheet->portNodes.push_back(port);
+    }
+
+    void AddOddments() {
+        sheet->format = {"frame", "A4", 297, 210, 6, 4, LineAndText("frame", 0)};
+        figkernel::TitleBlockSource block;
+        block.id = "title";
+        for (unsigned id = 0; id < 2; ++id) {
+            figkernel::TitleBlockSectionSource section;
+            section.id = id;
+            section.segments = {{0, "", true, "plain"}, {1, "token", true, "resolved"}};
+            block.sections.push_back(section);
+        }
+        sheet->titleBlock = block;
+        sheet->labels = LineAndText("note", -2);
+        auto& wire = sheet->wires.front();
+        sheet->decorations.push_back({wire.from, wire.net, NO_INDEX, LineAndText("label", -3)});
+        sheet->tables.emplace_back();
+        Name(sheet->tables.back(), "table", -10);
+        sheet->miscellaneous.emplace_back();
+        Name(sheet->miscellaneous.back(), "odd", -20);
+        AddNest();
+    }
+
+    // A cable that carries the net of the first wire, and a block with another one inside.
+    void AddNest() {
+        figkernel::CableSource cable;
+        Name(cable, "cable", -30);
+        cable.nets = {sheet->wires.front().net};
+        sheet->cables.push_back(cable);
+        figkernel::BlockSource inner;
+        Name(inner, "inner", -40);
+        figkernel::BlockSource outer;
+        Name(outer, "outer", -41);
+        outer.children = {static_cast<SourceIndex>(sheet->blocks.size())};
+        sheet->blocks.push_back(inner);
+        sheet->blocks.push_back(outer);
+    }
+
+    static void Name(figkernel::ItemSource& item, std::string const& name, double y) {
+        item.id = name;
+        item.name = name;
+        item.graphics = LineAndText(name, y);
+        item.labels = LineAndText(name + " label", y - 1);
+    }
+
+    static figkernel::GroupSource LineAndText(std::string const& text, double y) {
+        figkernel::GraphicSource line;
+        line.id = text + "-line";
+        line.instances.push_back(Drawing::MakeLine({{0, y}, {5, y}, {5, y - 3}}));
+        figkernel::GroupSource group;
+        group.graphics.push_back(line);
+        group.texts.push_back({text, text, Drawing::MakeText(text, 1, y), NO_INDEX});
+        return group;
     }
 
     GridOptions options;

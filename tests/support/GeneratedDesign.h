@@ -16,6 +16,9 @@ struct GridOptions {
     unsigned blocksPerRow = 16;
     bool highways = true;  ///< every fourth channel between blocks is a bus
     bool graphics = true;  ///< outlines and names of the blocks
+    /// On each sheet also a frame with a title block, a table, a cable, a block inside a block, a
+    /// miscellaneous item, and labels of a wire and of the sheet.
+    bool oddments = false;
 };
 
 /// A design that looks like a schematic: rows of blocks, between neighbours a channel in which each
