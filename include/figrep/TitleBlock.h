@@ -55,6 +55,8 @@ public:
 
     /// Null when the title block leaves its format.
     void SetFormat(Format* format);
+    /// The same as setting null, unless the title block has gone to another format meanwhile.
+    void LeaveFormat(Format const* format);
     SmartPtr<Format> GetFormat() const;
     void SetGraphicsGenerator(SmartPtr<TitleBlockGraphicsGenerator> const& generator);
     /// Has the generator fill the group when it is empty; nothing without a generator.
@@ -70,7 +72,7 @@ public:
     DBox2D GetExtents() override;
     void SetExtents(DBox2D const& extents);
 
-    /// Moves what is laid out, the box included.
+    /// Moves what is laid out, the box included. The caller holds the lock for writing.
     void Move(double dx, double dy);
     void MoveItem(double dx, double dy) override;
     void SetPreselectHighlight(bool on) override;

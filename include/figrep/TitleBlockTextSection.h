@@ -14,6 +14,7 @@ namespace figrep {
 /// kernel section until `Verify` finds it by number.
 ///
 /// Ownership: the title block holds its sections; a section knows it without holding it.
+/// Locking: the kernel's lock, for reading by the getters of the look, for writing by all else.
 class TitleBlockTextSection : public virtual du::RefCounted {
 public:
     using TextSegment = figk::TitleBlockTextSection::TextSegment_s;
@@ -40,12 +41,14 @@ public:
 
     /// Appends the segments to `out`, tokens resolved. The host's interpreter is asked once until
     /// the tokens are marked out of date again; in the authoring application, outside of a batch
-    /// publication, tokens stay raw. Takes the kernel's lock for writing.
+    /// publication, tokens stay raw.
     void GetText(std::vector<TextSegment>& out);
     void SetText(std::vector<TextSegment> const& text, bool tokensOutOfDate);
     void SetTextTokensOutOfDate();
     /// Null when the section leaves its title block.
     void SetTitleBlock(TitleBlock* titleBlock);
+    /// The same as setting null, unless the section has gone to another title block meanwhile.
+    void LeaveTitleBlock(TitleBlock const* titleBlock);
     /// Ties the section to the kernel's section of its number. False when there is none.
     bool Verify(SmartPtr<figk::TitleBlock> const& kernelTitleBlock);
 
@@ -53,6 +56,8 @@ public:
     static void SetTokenInterpreter(SmartPtr<TokenInterpreter> const& interpreter);
 
 private:
+    template <typename Value>
+    Value Look(Value (figk::TitleBlockTextSection::*get)() const, Value const& otherwise) const;
     void InterpretText();
 
     static SmartPtr<TokenInterpreter> s_tokenInterpreter;

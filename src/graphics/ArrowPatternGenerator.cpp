@@ -69,7 +69,7 @@ bool ArrowPatternGenerator::Visit(SmartPtr<SubNet> const& subNet) {
     currentSubNet_.Reset();
     centreSegment_.Reset();
     figk::ArrowStyle style;
-    if (!subNet->GetArrowStyleSetting(Setting::ARROW_STYLE, style)) return false;
+    if (!subNet || !subNet->GetArrowStyleSetting(Setting::ARROW_STYLE, style)) return false;
     auto const applied = appliedStyles_.find(subNet.Get());
     bool const known = applied != appliedStyles_.end();
     if (known && !(applied->second.style != style)) return false;
@@ -187,7 +187,7 @@ void ArrowPatternGenerator::AddSpacedArrows(SmartPtr<Segment> const& segment, DP
 }
 
 bool ArrowPatternGenerator::Visit(SmartPtr<NetSegment> const& segment) {
-    if (!currentSubNet_) return true;
+    if (!currentSubNet_ || !segment) return true;
     DPoint2D start;
     DPoint2D end;
     segment->GetEnds(start, end);

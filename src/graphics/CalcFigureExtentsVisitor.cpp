@@ -16,13 +16,13 @@ bool CalcFigureExtentsVisitor::StartGroupVisit(SmartPtr<figk::Group> const& grou
 }
 
 bool CalcFigureExtentsVisitor::Visit(SmartPtr<TextGraphic> const& text) {
-    extents_.Enclose(text->GetExtents());
+    if (text) extents_.Enclose(text->GetExtents());
     return true;
 }
 
-bool CalcFigureExtentsVisitor::Visit(SmartPtr<SubNet> const&) {
-    inSubNet_ = true;
-    return true;
+bool CalcFigureExtentsVisitor::Visit(SmartPtr<SubNet> const& subNet) {
+    inSubNet_ = static_cast<bool>(subNet);
+    return inSubNet_;
 }
 
 void CalcFigureExtentsVisitor::VisitComplete(SmartPtr<SubNet> const&) {
@@ -34,12 +34,13 @@ bool CalcFigureExtentsVisitor::Visit(SmartPtr<PickGraphicProxy> const&) {
 }
 
 bool CalcFigureExtentsVisitor::Visit(SmartPtr<GenericGraphic> const& graphic) {
-    extents_.Enclose(graphic->GetExtents());
+    if (graphic) extents_.Enclose(graphic->GetExtents());
     return true;
 }
 
 bool CalcFigureExtentsVisitor::Visit(SmartPtr<Figure> const& figure) {
     extents_ = DBox2D::EMPTY;
+    if (!figure) return false;
     figure->UpdateContent();
     return true;
 }

@@ -102,6 +102,7 @@ void CrossingPointsVisitor::VisitComplete(SmartPtr<Figure> const&) {
 
 bool CrossingPointsVisitor::VisitOwner(SmartPtr<AbstractFigureItem> const& owner,
                                        CrossingSegments& segments) {
+    if (!owner) return false;
     return mode_ != Mode::COLLECT || segments.Begin(owner);
 }
 
@@ -125,6 +126,7 @@ void CrossingPointsVisitor::VisitComplete(SmartPtr<SubHighway> const&) {
 
 bool CrossingPointsVisitor::VisitSegment(SmartPtr<Segment> const& segment,
                                          CrossingSegments& segments) {
+    if (!segment) return true;
     if (mode_ == Mode::COLLECT) {
         segments.Add(segment);
         return true;

@@ -38,7 +38,7 @@ void Format::DeriveId() {
 }
 
 void Format::ReleaseTitleBlock() {
-    if (titleBlock_) titleBlock_->SetFormat(nullptr);
+    if (titleBlock_) titleBlock_->LeaveFormat(this);
     titleBlock_.Reset();
 }
 

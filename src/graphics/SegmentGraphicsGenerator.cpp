@@ -100,7 +100,7 @@ SegmentGraphicsGenerator::~SegmentGraphicsGenerator() = default;
 
 bool SegmentGraphicsGenerator::Visit(SmartPtr<Figure> const& figure) {
     figure_ = figure;
-    return !figure->GetGraphicRegenerationSuspended();
+    return figure && !figure->GetGraphicRegenerationSuspended();
 }
 
 void SegmentGraphicsGenerator::Begin(GraphicGroup& group) {
@@ -110,7 +110,7 @@ void SegmentGraphicsGenerator::Begin(GraphicGroup& group) {
 }
 
 bool SegmentGraphicsGenerator::Visit(SmartPtr<SubNet> const& subNet) {
-    if (!subNet->GetGraphicalUpdateNeeded()) return false;
+    if (!subNet || !subNet->GetGraphicalUpdateNeeded()) return false;
     Begin(*subNet);
     currentSubNet_ = subNet;
     currentSubHighway_.Reset();
@@ -118,7 +118,7 @@ bool SegmentGraphicsGenerator::Visit(SmartPtr<SubNet> const& subNet) {
 }
 
 bool SegmentGraphicsGenerator::Visit(SmartPtr<SubHighway> const& subHighway) {
-    if (!subHighway->GetGraphicalUpdateNeeded()) return false;
+    if (!subHighway || !subHighway->GetGraphicalUpdateNeeded()) return false;
     Begin(*subHighway);
     currentSubHighway_ = subHighway;
     currentSubNet_.Reset();
@@ -126,17 +126,17 @@ bool SegmentGraphicsGenerator::Visit(SmartPtr<SubHighway> const& subHighway) {
 }
 
 bool SegmentGraphicsGenerator::Visit(SmartPtr<NetSegment> const& segment) {
-    if (currentSubNet_) DrawSegment(segment, true);
+    if (currentSubNet_ && segment) DrawSegment(segment, true);
     return true;
 }
 
 bool SegmentGraphicsGenerator::Visit(SmartPtr<HighwaySegment> const& segment) {
-    if (currentSubHighway_) DrawSegment(segment, false);
+    if (currentSubHighway_ && segment) DrawSegment(segment, false);
     return true;
 }
 
 bool SegmentGraphicsGenerator::Visit(SmartPtr<UnroutedConnection> const& connection) {
-    if (!includeUnrouted_ && !currentSubNet_) return false;
+    if (!connection || (!includeUnrouted_ && !currentSubNet_)) return false;
     connection->Clear();
     Generate(connection);
     return static_cast<bool>(currentSubNet_);

@@ -32,6 +32,7 @@ bool TextLabelContainerVisitor::EndGroupVisit(SmartPtr<figk::Group> const& group
 }
 
 bool TextLabelContainerVisitor::Visit(SmartPtr<GenericGraphic> const& graphic) {
+    if (!graphic) return true;
     if (!group_) {
         miscItems_.push_back(graphic);
     } else if (!firstGeneric_) {
@@ -41,6 +42,7 @@ bool TextLabelContainerVisitor::Visit(SmartPtr<GenericGraphic> const& graphic) {
 }
 
 bool TextLabelContainerVisitor::Visit(SmartPtr<TextGraphic> const& text) {
+    if (!text) return true;
     if (!group_) {
         textItems_.push_back(text);
     } else if (!firstText_) {
@@ -50,7 +52,7 @@ bool TextLabelContainerVisitor::Visit(SmartPtr<TextGraphic> const& text) {
 }
 
 bool TextLabelContainerVisitor::Visit(SmartPtr<Miscellaneous> const& item) {
-    miscItems_.push_back(item);
+    if (item) miscItems_.push_back(item);
     return false;
 }
 

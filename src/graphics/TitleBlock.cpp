@@ -51,7 +51,7 @@ TitleBlock::TitleBlock(TitleBlock const& other)
 
 TitleBlock::~TitleBlock() {
     for (auto const& section : textSections_)
-        section->SetTitleBlock(nullptr);
+        section->LeaveTitleBlock(this);
 }
 
 void TitleBlock::Initialise() {
@@ -80,7 +80,7 @@ void TitleBlock::AcquireTextSections(SmartPtr<figk::TitleBlock> const& kernelTit
 
 void TitleBlock::AdoptSections(std::vector<SmartPtr<TitleBlockTextSection>> const& sections) {
     for (auto const& section : textSections_)
-        section->SetTitleBlock(nullptr);
+        section->LeaveTitleBlock(this);
     textSections_.clear();
     for (auto const& section : sections) {
         if (!section) continue;
@@ -196,6 +196,11 @@ void TitleBlock::SetTextSections(std::vector<SmartPtr<TitleBlockTextSection>> co
 void TitleBlock::SetFormat(Format* format) {
     zvk::WriteGuard guard(GetLock());
     format_ = format;
+}
+
+void TitleBlock::LeaveFormat(Format const* format) {
+    zvk::WriteGuard guard(GetLock());
+    if (format_ == format) format_ = nullptr;
 }
 
 SmartPtr<Format> TitleBlock::GetFormat() const {

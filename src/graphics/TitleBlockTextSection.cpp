@@ -25,6 +25,11 @@ bool MayHoldToken(TitleBlockTextSection::TextSegment const& segment) {
     return !segment.token.empty() && (segment.type == 1 || segment.type == 3);
 }
 
+/// A section has no lock of its own; all items share the kernel's.
+SmartPtr<zvk::ReadWriteLock> const& Lock() {
+    return figk::SchematicKernel::GetKernelLock();
+}
+
 }  // namespace
 
 SmartPtr<TokenInterpreter> TitleBlockTextSection::s_tokenInterpreter;
@@ -47,46 +52,58 @@ TitleBlockTextSection::TitleBlockTextSection(TitleBlockTextSection const& other)
 
 TitleBlockTextSection::~TitleBlockTextSection() = default;
 
+// The look. `kernelSection_` can come later, by `Verify`, so it is read under the lock.
+
 SmartPtr<figk::TitleBlockTextSection> TitleBlockTextSection::GetKernelTitleBlockTextSection()
     const {
+    zvk::ReadGuard guard(Lock());
     return kernelSection_;
 }
 
+template <typename Value>
+Value TitleBlockTextSection::Look(Value (figk::TitleBlockTextSection::*get)() const,
+                                  Value const& otherwise) const {
+    zvk::ReadGuard guard(Lock());
+    return kernelSection_ ? ((*kernelSection_).*get)() : otherwise;
+}
+
 figk::TitleBlockTextSection::Alignment TitleBlockTextSection::GetAlignment() const {
-    return kernelSection_ ? kernelSection_->GetAlignment()
-                          : figk::TitleBlockTextSection::ALIGN_LEFT;
+    return Look(&figk::TitleBlockTextSection::GetAlignment,
+                figk::TitleBlockTextSection::ALIGN_LEFT);
 }
 
 bool TitleBlockTextSection::GetBold() const {
-    return kernelSection_ && kernelSection_->GetBold();
+    return Look(&figk::TitleBlockTextSection::GetBold, false);
 }
 
 bool TitleBlockTextSection::GetItalic() const {
-    return kernelSection_ && kernelSection_->GetItalic();
+    return Look(&figk::TitleBlockTextSection::GetItalic, false);
 }
 
 bool TitleBlockTextSection::GetUnderline() const {
-    return kernelSection_ && kernelSection_->GetUnderline();
+    return Look(&figk::TitleBlockTextSection::GetUnderline, false);
 }
 
 bool TitleBlockTextSection::GetStrikeOut() const {
-    return kernelSection_ && kernelSection_->GetStrikeOut();
+    return Look(&figk::TitleBlockTextSection::GetStrikeOut, false);
 }
 
 Color TitleBlockTextSection::GetFontColor() const {
-    return kernelSection_ ? kernelSection_->GetFontColor() : Color::BLACK;
+    return Look(&figk::TitleBlockTextSection::GetFontColor, Color::BLACK);
 }
 
 double TitleBlockTextSection::GetFontSize() const {
-    return kernelSection_ ? kernelSection_->GetFontSize() : 0.0;
+    return Look(&figk::TitleBlockTextSection::GetFontSize, 0.0);
 }
 
 double TitleBlockTextSection::GetSpacing() const {
-    return kernelSection_ ? kernelSection_->GetSpacing() : 0.0;
+    return Look(&figk::TitleBlockTextSection::GetSpacing, 0.0);
 }
 
+// The text.
+
 void TitleBlockTextSection::GetText(std::vector<TextSegment>& out) {
-    zvk::WriteGuard guard(figk::SchematicKernel::GetKernelLock());
+    zvk::WriteGuard guard(Lock());
     if (titleBlock_ && textTokensOutOfDate_) {
         textTokensOutOfDate_ = false;
         InterpretText();
@@ -106,20 +123,28 @@ void TitleBlockTextSection::InterpretText() {
 }
 
 void TitleBlockTextSection::SetText(std::vector<TextSegment> const& text, bool tokensOutOfDate) {
-    zvk::WriteGuard guard(figk::SchematicKernel::GetKernelLock());
+    zvk::WriteGuard guard(Lock());
     text_ = text;
     textTokensOutOfDate_ = tokensOutOfDate;
 }
 
 void TitleBlockTextSection::SetTextTokensOutOfDate() {
+    zvk::WriteGuard guard(Lock());
     textTokensOutOfDate_ = true;
 }
 
 void TitleBlockTextSection::SetTitleBlock(TitleBlock* titleBlock) {
+    zvk::WriteGuard guard(Lock());
     titleBlock_ = titleBlock;
 }
 
+void TitleBlockTextSection::LeaveTitleBlock(TitleBlock const* titleBlock) {
+    zvk::WriteGuard guard(Lock());
+    if (titleBlock_ == titleBlock) titleBlock_ = nullptr;
+}
+
 bool TitleBlockTextSection::Verify(SmartPtr<figk::TitleBlock> const& kernelTitleBlock) {
+    zvk::WriteGuard guard(Lock());
     if (kernelSection_) return true;
     if (kernelTitleBlock) kernelSection_ = kernelTitleBlock->GetTextSection(id_);
     return static_cast<bool>(kernelSection_);

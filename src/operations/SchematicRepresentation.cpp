@@ -190,7 +190,7 @@ void SchematicRepresentation::TidySubNetPathsOnHighway(SmartPtr<PortNode> const&
 
 void SchematicRepresentation::HideSubNet(SmartPtr<ConnectionNode> const& node,
                                          SmartPtr<SubNet> const& subNet) {
-    if (!node) return;
+    if (!node || !subNet) return;
     node->Pivot(nullptr);
     std::deque<SmartPtr<ConnectionNode>> queue{node};
     while (!queue.empty()) {

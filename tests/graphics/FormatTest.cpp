@@ -1,15 +1,11 @@
 #include "GraphicsTestSupport.h"
 
-#include <figrep/CalcFigureExtentsVisitor.h>
+#include <figrep/AbstractFigureVisitor.h>
 #include <figrep/Format.h>
 #include <figrep/TitleBlock.h>
-#include <figrep/TitleBlockGraphicsGenerator.h>
-#include <figrep/TitleBlockTextSection.h>
-#include <figrep/TokenInterpreter.h>
-#include <zvk/Depiction.h>
-#include <zvkapp/OrbitApp.h>
+#include <support/LockUse.h>
 
-#include <map>
+#include <limits>
 
 namespace figrep {
 
@@ -35,142 +31,6 @@ private:
     std::string name_;
 };
 
-using Segment_s = figk::TitleBlockTextSection::TextSegment_s;
-
-Segment_s Token(int type, std::string const& token, std::string const& text) {
-    Segment_s segment;
-    segment.type = type;
-    segment.token = token;
-    segment.text = text;
-    return segment;
-}
-
-class FakeSection : public figk::TitleBlockTextSection {
-public:
-    FakeSection(unsigned id, std::vector<Segment_s> text) : id_(id), text_(std::move(text)) {}
-
-    unsigned GetId() const override { return id_; }
-    void GetText(std::vector<Segment_s>& segments) const override {
-        segments.insert(segments.end(), text_.begin(), text_.end());
-    }
-    Alignment GetAlignment() const override { return ALIGN_RIGHT; }
-    bool GetBold() const override { return true; }
-    bool GetItalic() const override { return true; }
-    bool GetUnderline() const override { return true; }
-    bool GetStrikeOut() const override { return true; }
-    dg::Color GetFontColor() const override { return Color::BLUE; }
-    double GetFontSize() const override { return 2.5; }
-    double GetSpacing() const override { return 3.5; }
-
-private:
-    unsigned id_;
-    std::vector<Segment_s> text_;
-};
-
-class FakeTitleBlock : public figk::TitleBlock {
-public:
-    Symbol const& GetId() const override { return id_; }
-    std::string const& GetName() const override { return name_; }
-    SmartPtr<figk::Group> GetTextLabelContainerGroup() const override { return nullptr; }
-    Corner GetCorner() const override { return CORNER_TOP_RIGHT; }
-    double GetOffsetX() const override { return 1; }
-    double GetOffsetY() const override { return 2; }
-    double GetMargin() const override { return 3; }
-    double GetMinWidth() const override { return 4; }
-    double GetMinHeight() const override { return 5; }
-    dg::Color GetLineColor() const override { return Color::GREEN; }
-    double GetLineWeight() const override { return 6; }
-    dg::Color GetBackgroundColor() const override { return Color::YELLOW; }
-    void GetTextSections(
-        std::vector<SmartPtr<figk::TitleBlockTextSection>>& sections) const override {
-        sections.insert(sections.end(), all.begin(), all.end());
-    }
-    SmartPtr<figk::TitleBlockTextSection> GetTextSection(unsigned int id) const override {
-        for (auto const& section : all) {
-            if (section->GetId() == id) return section;
-        }
-        return nullptr;
-    }
-
-    std::vector<SmartPtr<figk::TitleBlockTextSection>> all;
-
-private:
-    Symbol id_{"title"};
-    std::string name_;
-};
-
-class FakeLayout : public TitleBlockGraphicsGenerator {
-public:
-    void GenerateGraphics(SmartPtr<TitleBlock> const& titleBlock) override {
-        ++graphics;
-        LineGraphic(titleBlock, {0, 0}, {10, 5});
-    }
-    void GenerateExtents(SmartPtr<TitleBlock> const& titleBlock) override {
-        ++extents;
-        titleBlock->SetExtents(DBox2D(0, 0, 10, 5));
-    }
-
-    int graphics = 0;
-    int extents = 0;
-};
-
-class FakeInterpreter : public TokenInterpreter {
-public:
-    bool Interpret(SmartPtr<Figure> const&, std::string const& token,
-                   std::string& result) override {
-        asked.push_back(token);
-        if (token == "unknown") return false;
-        result = "<" + token + ">";
-        return true;
-    }
-
-    std::vector<std::string> asked;
-};
-
-/// A figure with a format and a title block of one section.
-class TitleBlockTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        record = new FakeTitleBlock;
-        record->all.push_back(
-            new FakeSection(7, {Token(1, "date", "raw"), Token(2, "date", "plain"),
-                                Token(3, "", "empty"), Token(3, "unknown", "kept")}));
-        format = new Format(Lock(), new FakeFormat);
-        block = new TitleBlock(Lock(), record, nullptr);
-        layout = new FakeLayout;
-        interpreter = new FakeInterpreter;
-        drawing.figure->SetTitleBlockGraphicsGenerator(layout);
-        drawing.figure->Receive(format);
-        drawing.figure->Receive(block);
-        TitleBlockTextSection::SetTokenInterpreter(interpreter);
-    }
-    void TearDown() override {
-        TitleBlockTextSection::SetTokenInterpreter(nullptr);
-        zvk::depiction::SetRunningDepict(false);
-        zvkapp::depiction::OrbitApp::SetOrbitApp(nullptr);
-    }
-
-    std::vector<std::string> Texts() const {
-        std::vector<Segment_s> segments;
-        block->GetTextSections().at(0)->GetText(segments);
-        std::vector<std::string> texts;
-        for (auto const& segment : segments)
-            texts.push_back(segment.text);
-        return texts;
-    }
-
-    Drawing drawing;
-    SmartPtr<FakeTitleBlock> record;
-    SmartPtr<Format> format;
-    SmartPtr<TitleBlock> block;
-    SmartPtr<FakeLayout> layout;
-    SmartPtr<FakeInterpreter> interpreter;
-};
-
-using Strings = std::vector<std::string>;
-Strings const RAW{"raw", "plain", "empty", "kept"};
-Strings const FILLED{"<date>", "plain", "empty", "kept"};
-
 std::pair<std::string, std::string> CellOf(Format const& format, DPoint2D const& point) {
     Symbol x;
     Symbol y;
@@ -180,9 +40,40 @@ std::pair<std::string, std::string> CellOf(Format const& format, DPoint2D const&
 
 using Cell = std::pair<std::string, std::string>;
 
-}  // namespace
+/// Writes down what a walk of a format comes by.
+class Steps : public AbstractFigureVisitor {
+public:
+    explicit Steps(bool enter) : enter_(enter) {}
 
-// Format.
+    using AbstractFigureVisitor::Visit;
+    bool Visit(SmartPtr<Format> const&) override { return Step("format", enter_); }
+    bool Visit(SmartPtr<TitleBlock> const&) override { return Step("title block", false); }
+    bool Visit(SmartPtr<GenericGraphic> const&) override { return Step("graphic", true); }
+    bool VisitTextLabelContainer(SmartPtr<TextLabelContainer> const&) override {
+        return Step("labels", true);
+    }
+    bool Visit(SmartPtr<TextGraphic> const&) override { return Step("text", true); }
+
+    std::vector<std::string> names;
+
+private:
+    bool Step(char const* name, bool enter) {
+        names.emplace_back(name);
+        return enter;
+    }
+
+    bool enter_;
+};
+
+std::vector<std::string> StepsThrough(Format& format, bool enter) {
+    Steps steps(enter);
+    format.Accept(steps);
+    return steps.names;
+}
+
+using Transform = void (*)(Format&);
+
+}  // namespace
 
 TEST(Format, AfterAMoveGridReferencesAreStillTheKernels) {
     SmartPtr<Format> const format(new Format(Lock(), new FakeFormat));
@@ -208,7 +99,20 @@ TEST(Format, ShowingTheGridTwiceAddsItOnce) {
     format->SetShowGrid(true);
     format->SetShowGrid(true);
     EXPECT_EQ(MembersOf<GraphicGroup>(*format).size(), 1U);
+    EXPECT_TRUE(format->GetShowGrid());
     format->SetShowGrid(false);
+    EXPECT_TRUE(format->IsEmpty());
+    EXPECT_FALSE(format->GetShowGrid());
+}
+
+TEST(Format, AGridWithoutLinesIsShownAsSoonAsItHasThem) {
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    format->SetShowGrid(true);
+    EXPECT_TRUE(format->IsEmpty());
+    auto const grid = FreeGroup();
+    format->SetGridLines(grid);
+    EXPECT_EQ(MembersOf<GraphicGroup>(*format), (std::vector<SmartPtr<GraphicGroup>>{grid}));
+    format->SetGridLines(nullptr);
     EXPECT_TRUE(format->IsEmpty());
 }
 
@@ -247,6 +151,64 @@ TEST(Format, AMoveCarriesHiddenGridLinesAlong) {
     EXPECT_EQ(grid->GetMemberExtents(), DBox2D(20, 0, 21, 0));
 }
 
+TEST(Format, GridLinesMovedWhileHiddenAreInTheRightPlaceWhenShown) {
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    LineGraphic(format, {0, 0}, {10, 0});
+    auto const grid = FreeGroup();
+    LineGraphic(grid, {0, 1}, {1, 1});
+    format->SetGridLines(grid);
+    format->MoveItem(10, 0);
+    format->SetShowGrid(true);
+    format->SetShowGrid(false);
+    format->MoveItem(0, 5);
+    format->SetShowGrid(true);
+    EXPECT_EQ(format->GetMemberExtents(), DBox2D(10, 5, 20, 6));
+}
+
+TEST(Format, OnlyMovesReachTheTitleBlockAndHiddenGridLines) {
+    Transform const transforms[] = {
+        [](Format& format) {
+            format.RotateItem({0, 0}, 1.0);
+        },
+        [](Format& format) {
+            format.ScaleItem({0, 0}, 3.0);
+        },
+        [](Format& format) {
+            format.MirrorItem({0, 0}, false);
+        },
+    };
+    for (Transform const transform : transforms) {
+        SmartPtr<Format> const format(new Format(Lock(), nullptr));
+        SmartPtr<TitleBlock> const block(new TitleBlock(Lock(), nullptr, nullptr));
+        LineGraphic(block, {5, 5}, {6, 6});
+        format->Add(block);
+        auto const grid = FreeGroup();
+        LineGraphic(grid, {1, 2}, {3, 4});
+        format->SetGridLines(grid);
+        transform(*format);
+        EXPECT_EQ(block->GetMemberExtents(), DBox2D(5, 5, 6, 6));
+        EXPECT_EQ(grid->GetMemberExtents(), DBox2D(1, 2, 3, 4));
+        EXPECT_EQ(format->GetPosition(), DPoint2D(0, 0));
+    }
+}
+
+TEST(Format, EveryTransformReachesItsTexts) {
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    auto const label = LineGraphic(format->GetTextLabelContainerGroup(), {1, 1}, {2, 1});
+    format->MoveItem(1, 1);
+    EXPECT_EQ(label->GetExtents(), DBox2D(2, 2, 3, 2));
+    format->ScaleItem({0, 0}, 2);
+    EXPECT_EQ(label->GetExtents(), DBox2D(4, 4, 6, 4));
+    format->MirrorItem({0, 0}, false);
+    EXPECT_EQ(label->GetExtents(), DBox2D(-6, 4, -4, 4));
+    format->MirrorItem({0, 0}, true);
+    EXPECT_EQ(label->GetExtents(), DBox2D(-6, -4, -4, -4));
+    format->RotateItem({0, 0}, dg::TWO_PI / 2);
+    DBox2D const turned = label->GetExtents();
+    EXPECT_NEAR(turned[0], 4, 1e-9);
+    EXPECT_NEAR(turned[1], 4, 1e-9);
+}
+
 TEST(Format, TurningItLeavesItsPosition) {
     SmartPtr<Format> const format(new Format(Lock(), nullptr));
     auto const frame = LineGraphic(format, {0, 0}, {10, 0});
@@ -272,12 +234,67 @@ TEST(Format, AMoveByNothingChangesNothingAndAFactorOfOneStillRuns) {
     EXPECT_NE(frame->GetZv2dGraphics(), picture);
 }
 
+TEST(Format, AMoveByNothingTakesNoLock) {
+    using test::LockUse;
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    auto const use = [](auto const& work) { return test::LockUseOf(work); };
+    EXPECT_EQ(use([&] { format->MoveItem(0, 0); }), LockUse::NONE);
+    EXPECT_EQ(use([&] { format->RotateItem({1, 1}, 0); }), LockUse::NONE);
+    EXPECT_EQ(use([&] { format->ScaleItem({1, 1}, 0); }), LockUse::NONE);
+    EXPECT_EQ(use([&] { format->MoveItem(0, 1); }), LockUse::WRITES);
+    EXPECT_EQ(use([&] { format->RotateItem({1, 1}, 1); }), LockUse::WRITES);
+    EXPECT_EQ(use([&] { format->ScaleItem({1, 1}, 1); }), LockUse::WRITES);
+    EXPECT_EQ(use([&] { format->MirrorItem({1, 1}, false); }), LockUse::WRITES);
+}
+
+TEST(Format, SettersTakeTheLockForWritingAndGettersForReading) {
+    using test::LockUse;
+    SmartPtr<Format> const format(new Format(Lock(), new FakeFormat));
+    std::function<void()> const setters[] = {
+        [&] { format->SetTitleBlock(nullptr); }, [&] { format->SetGridLines(nullptr); },
+        [&] { format->SetShowGrid(true); }, [&] { format->SetVisibility(true); },
+        [&] { format->Add(SmartPtr<TitleBlock>()); }};
+    for (std::size_t i = 0; i < std::size(setters); ++i)
+        EXPECT_EQ(test::LockUseOf(setters[i]), LockUse::WRITES) << i;
+    std::function<void()> const getters[] = {
+        [&] { format->GetTitleBlock(); }, [&] { format->GetShowGrid(); },
+        [&] { format->GetVisibility(); }, [&] { format->GetPosition(); },
+        [&] { format->GetWidth(); },      [&] { format->GetHeight(); },
+        [&] { CellOf(*format, {1, 1}); }};
+    for (std::size_t i = 0; i < std::size(getters); ++i)
+        EXPECT_EQ(test::LockUseOf(getters[i]), LockUse::READS) << i;
+}
+
+TEST(Format, AWalkComesByItsGraphicsItsTextsAndItsTitleBlock) {
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    LineGraphic(format);
+    TextGraphic::Create(Lock(), Symbol("a"), format->GetTextLabelContainerGroup());
+    format->Add(SmartPtr<TitleBlock>(new TitleBlock(Lock(), nullptr, nullptr)));
+    EXPECT_EQ(StepsThrough(*format, true),
+              (std::vector<std::string>{"format", "graphic", "labels", "text", "title block"}));
+    EXPECT_EQ(StepsThrough(*format, false), (std::vector<std::string>{"format"}));
+}
+
+TEST(Format, InheritsTheSettingsOfItsFigure) {
+    Drawing const drawing;
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    Color color;
+    EXPECT_FALSE(format->GetColorSetting(Setting::COLOR, color));
+    drawing.figure->Receive(format);
+    Set(*drawing.figure, Setting::COLOR, Color::CYAN);
+    unsigned depth = 0;
+    EXPECT_TRUE(format->GetSetting(Setting::COLOR, depth));
+    EXPECT_EQ(depth, 1U);
+}
+
 TEST(Format, ItsVisibilityDoesNotGoThroughTheGroup) {
     SmartPtr<Format> const format(new Format(Lock(), nullptr));
     auto const frame = LineGraphic(format);
     format->SetVisibility(false);
     EXPECT_FALSE(format->GetVisibility());
     EXPECT_TRUE(frame->GetVisible());
+    format->SetVisibility(true);
+    EXPECT_TRUE(format->GetVisibility());
 }
 
 TEST(Format, OutlivesItsTitleBlockAndTheOtherWayRound) {
@@ -295,207 +312,53 @@ TEST(Format, OutlivesItsTitleBlockAndTheOtherWayRound) {
     EXPECT_FALSE(other->GetTitleBlock());
 }
 
-// Title block.
-
-TEST_F(TitleBlockTest, TakesItsParametersFromTheKernel) {
-    EXPECT_EQ(block->GetCorner(), figk::TitleBlock::CORNER_TOP_RIGHT);
-    EXPECT_EQ(block->GetOffsetX(), 1);
-    EXPECT_EQ(block->GetOffsetY(), 2);
-    EXPECT_EQ(block->GetMargin(), 3);
-    EXPECT_EQ(block->GetMinWidth(), 4);
-    EXPECT_EQ(block->GetMinHeight(), 5);
-    EXPECT_EQ(block->GetLineWeight(), 6);
-    EXPECT_EQ(block->GetLineColor(), Color::GREEN);
-    EXPECT_EQ(block->GetBackgroundColor(), Color::YELLOW);
-    EXPECT_EQ(block->GetWidthParam(), 0);
-    EXPECT_EQ(block->GetId().GetString(), "title");
-    auto const section = block->GetTextSections().at(0);
-    EXPECT_EQ(section->GetId(), 7U);
-    EXPECT_EQ(section->GetAlignment(), figk::TitleBlockTextSection::ALIGN_RIGHT);
-    EXPECT_TRUE(section->GetBold() && section->GetItalic());
-    EXPECT_TRUE(section->GetUnderline() && section->GetStrikeOut());
-    EXPECT_EQ(section->GetFontColor(), Color::BLUE);
-    EXPECT_EQ(section->GetFontSize(), 2.5);
-    EXPECT_EQ(section->GetSpacing(), 3.5);
+TEST(Format, ATitleBlockThatIsOnlySetIsNotToldItsFormat) {
+    SmartPtr<TitleBlock> const block(new TitleBlock(Lock(), nullptr, nullptr));
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    format->SetTitleBlock(block);
+    EXPECT_EQ(format->GetTitleBlock(), block);
+    EXPECT_FALSE(block->GetFormat());
+    format->Add(block);
+    EXPECT_EQ(block->GetFormat(), format);
 }
 
-TEST_F(TitleBlockTest, WithoutAGeneratorItsExtentsStayEmpty) {
-    block->SetGraphicsGenerator(nullptr);
-    EXPECT_EQ(block->GetExtents(), DBox2D::EMPTY);
-    block->UpdateGraphics();
-    EXPECT_TRUE(block->IsEmpty());
+TEST(Format, ATitleBlockThatAnotherReplacesLeavesItsFormat) {
+    SmartPtr<TitleBlock> const first(new TitleBlock(Lock(), nullptr, nullptr));
+    SmartPtr<TitleBlock> const second(new TitleBlock(Lock(), nullptr, nullptr));
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    format->Add(first);
+    format->Add(second);
+    EXPECT_FALSE(first->GetFormat());
+    EXPECT_EQ(second->GetFormat(), format);
+    format->Add(SmartPtr<TitleBlock>());
+    EXPECT_FALSE(format->GetTitleBlock());
+    EXPECT_FALSE(second->GetFormat());
 }
 
-TEST_F(TitleBlockTest, IsLaidOutWhenItsExtentsOrGraphicsAreAskedFor) {
-    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 10, 5));
-    EXPECT_EQ(block->GetExtents(), DBox2D(0, 0, 10, 5));
-    EXPECT_EQ(layout->extents, 1);
-    block->UpdateGraphics();
-    block->UpdateGraphics();
-    EXPECT_EQ(layout->graphics, 1);
+TEST(Format, ATitleBlockThatWentToAnotherFormatStaysThereWhenTheFirstGoes) {
+    SmartPtr<TitleBlock> const block(new TitleBlock(Lock(), nullptr, nullptr));
+    SmartPtr<Format> const later(new Format(Lock(), nullptr));
+    {
+        SmartPtr<Format> const earlier(new Format(Lock(), nullptr));
+        earlier->Add(block);
+        later->Add(block);
+    }
+    EXPECT_EQ(block->GetFormat(), later);
 }
 
-TEST_F(TitleBlockTest, AChangedParameterThrowsTheLayoutAway) {
-    block->UpdateGraphics();
-    block->GetExtents();
-    block->SetOffsetX(20);
-    EXPECT_TRUE(block->IsEmpty());
-    EXPECT_EQ(block->GetOffsetX(), 20);
-    block->UpdateGraphics();
-    EXPECT_EQ(layout->graphics, 2);
-    block->SetCorner(figk::TitleBlock::CORNER_BOTTOM_LEFT);
-    block->SetOffsetY(3);
-    block->SetWidthParam(80);
-    EXPECT_TRUE(block->IsEmpty());
-    block->GetExtents();
-    EXPECT_EQ(layout->extents, 2);
-    EXPECT_EQ(block->GetWidthParam(), 80);
-}
-
-TEST_F(TitleBlockTest, AWalkOfTheFigureLaysItOut) {
-    CalcFigureExtentsVisitor visitor;
-    drawing.figure->Accept(visitor);
-    EXPECT_EQ(layout->graphics, 1);
-    EXPECT_EQ(visitor.GetFigureExtents(), DBox2D(0, 0, 10, 5));
-}
-
-TEST_F(TitleBlockTest, AMoveCarriesItsBoxAndPictureAlong) {
-    block->UpdateGraphics();
-    block->GetExtents();
-    format->MoveItem(100, 0);
-    EXPECT_EQ(block->GetExtents(), DBox2D(100, 0, 110, 5));
-    EXPECT_EQ(block->GetMemberExtents(), DBox2D(100, 0, 110, 5));
-    EXPECT_EQ(layout->extents, 1);
-}
-
-TEST_F(TitleBlockTest, ItsTextsFollowItsPreselectHighlight) {
-    auto const label =
-        TextGraphic::Create(Lock(), Symbol("a"), block->GetTextLabelContainerGroup());
-    block->SetPreselectHighlight(true);
-    EXPECT_TRUE(label->GetPreselectHighlight());
-}
-
-TEST_F(TitleBlockTest, TokensAreInterpretedOnceUntilMarkedOutOfDate) {
-    EXPECT_EQ(Texts(), FILLED);
-    EXPECT_EQ(Texts(), FILLED);
-    EXPECT_EQ(interpreter->asked, (Strings{"date", "unknown"}));
-    block->GetTextSections().at(0)->SetTextTokensOutOfDate();
-    Texts();
-    EXPECT_EQ(interpreter->asked.size(), 4U);
-}
-
-TEST_F(TitleBlockTest, OnlyTokensOfTheTokenTypesAreSentToTheInterpreter) {
-    Texts();
-    EXPECT_EQ(interpreter->asked, (Strings{"date", "unknown"}));
-}
-
-TEST_F(TitleBlockTest, WithoutAnInterpreterTheFlagIsClearedAndTheTextStaysRaw) {
-    TitleBlockTextSection::SetTokenInterpreter(nullptr);
-    EXPECT_EQ(Texts(), RAW);
-    TitleBlockTextSection::SetTokenInterpreter(interpreter);
-    EXPECT_EQ(Texts(), RAW);
-    EXPECT_TRUE(interpreter->asked.empty());
-}
-
-TEST_F(TitleBlockTest, InTheAuthoringApplicationTokensStayRawOutsideOfBatchPublication) {
-    zvk::depiction::SetRunningDepict(true);
-    SmartPtr<zvkapp::depiction::OrbitApp> const app(new zvkapp::depiction::OrbitApp);
-    zvkapp::depiction::OrbitApp::SetOrbitApp(app);
-    EXPECT_EQ(Texts(), RAW);
-    block->GetTextSections().at(0)->SetTextTokensOutOfDate();
-    app->SetPublishBatchMode(4);
-    EXPECT_EQ(Texts(), FILLED);
-}
-
-TEST_F(TitleBlockTest, ASectionFromContentFindsItsKernelSectionByNumber) {
-    SmartPtr<TitleBlockTextSection> const known(new TitleBlockTextSection(7, {}));
-    EXPECT_EQ(known->GetFontSize(), 0);
-    EXPECT_TRUE(known->Verify(record));
-    EXPECT_EQ(known->GetFontSize(), 2.5);
-    EXPECT_TRUE(known->Verify(nullptr));
-}
-
-TEST_F(TitleBlockTest, ASectionThatTheKernelNoLongerHasIsNotVerified) {
-    SmartPtr<TitleBlockTextSection> const lost(new TitleBlockTextSection(8, {}));
-    EXPECT_FALSE(lost->Verify(record));
-    EXPECT_FALSE(lost->Verify(nullptr));
-}
-
-TEST_F(TitleBlockTest, NewSectionsKnowTheirTitleBlock) {
-    SmartPtr<TitleBlockTextSection> const section(
-        new TitleBlockTextSection(1, {Token(1, "date", "raw")}));
-    block->SetTextSections({section, nullptr});
-    EXPECT_EQ(block->GetTextSections().size(), 1U);
-    EXPECT_EQ(Texts(), (Strings{"<date>"}));
-}
-
-TEST_F(TitleBlockTest, ACopyHasSectionsOfItsOwn) {
-    SmartPtr<TitleBlock> const copy(new TitleBlock(*block));
-    copy->GetTextSections().at(0)->SetText({}, false);
-    copy->SetOffsetX(99);
-    EXPECT_EQ(Texts(), FILLED);
-    EXPECT_EQ(block->GetOffsetX(), 1);
-    EXPECT_EQ(copy->GetId(), block->GetId());
-    EXPECT_FALSE(copy->GetFormat());
-}
-
-TEST_F(TitleBlockTest, InheritsSettingsFromItsFormat) {
-    Set(*format, Setting::COLOR, Color::CYAN);
-    Color color;
-    EXPECT_TRUE(block->GetColorSetting(Setting::COLOR, color));
-    EXPECT_EQ(color, Color::CYAN);
-}
-
-// Extents of a figure.
-
-TEST(FigureExtents, AnEmptyFiguresExtentsAreEmpty) {
-    Drawing const drawing;
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D::EMPTY);
-    LineGraphic(drawing.figure->GetTextLabelContainerGroup(), {0, 0}, {5, 5});
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D(0, 0, 5, 5));
-}
-
-TEST(FigureExtents, ASecondCallDoesNotWalkTheFigureAgain) {
-    Drawing const drawing;
-    LineGraphic(drawing.figure->GetTextLabelContainerGroup(), {0, 0}, {5, 5});
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D(0, 0, 5, 5));
-    LineGraphic(drawing.figure->GetTextLabelContainerGroup(), {0, 0}, {9, 9});
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D(0, 0, 5, 5));
-    drawing.figure->SetExtents(DBox2D::EMPTY);
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D(0, 0, 9, 9));
-}
-
-TEST(FigureExtents, AskingDrawsPendingWiresFirst) {
-    Drawing const drawing;
-    drawing.LoneWire({-3, 2}, {10, 2});
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D(-3, 2, 10, 2));
-}
-
-TEST(FigureExtents, PickProxiesCountForNothing) {
-    Drawing const drawing;
-    PickGraphicProxy::Create(Lock(), drawing.figure->GetTextLabelContainerGroup(), {0, 0},
-                             {50, 50});
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D::EMPTY);
-}
-
-TEST(FigureExtents, AHighwayMetOnANetsWalkIsNotEntered) {
-    Drawing const drawing;
-    auto const bus = Drawing::Bus(drawing.Highway(), {0, 0}, {10, 0});
-    auto const net = drawing.Net();
-    CalcFigureExtentsVisitor visitor;
-    EXPECT_TRUE(visitor.StartGroupVisit(bus));
-    EXPECT_TRUE(visitor.Visit(net));
-    EXPECT_FALSE(visitor.StartGroupVisit(bus));
-    EXPECT_TRUE(visitor.StartGroupVisit(FreeGroup()));
-    visitor.VisitComplete(net);
-    EXPECT_TRUE(visitor.StartGroupVisit(bus));
-}
-
-TEST(FigureExtents, HiddenGraphicsCount) {
-    Drawing const drawing;
-    auto const graphic = LineGraphic(drawing.figure->GetTextLabelContainerGroup(), {0, 0}, {5, 5});
-    graphic->SetMemberVisibility(false);
-    EXPECT_EQ(drawing.figure->GetExtents(), DBox2D(0, 0, 5, 5));
+TEST(Format, OutlivesItsFigure) {
+    SmartPtr<Format> const format(new Format(Lock(), nullptr));
+    SmartPtr<TitleBlock> const block(new TitleBlock(Lock(), nullptr, nullptr));
+    {
+        Drawing const drawing;
+        drawing.figure->Receive(format);
+        drawing.figure->Receive(block);
+        EXPECT_EQ(block->GetFigure(), drawing.figure);
+    }
+    EXPECT_FALSE(format->GetFigure());
+    EXPECT_FALSE(block->GetFigure());
+    format->MoveItem(1, 1);
+    format->SetGridLines(FreeGroup());
 }
 
 }  // namespace figrep

@@ -72,9 +72,11 @@ class InAWorld : public ::testing::Environment {
 public:
     void SetUp() override {
         zvk::World::SetWorld(new zvk::World);
-        SchematicRepresentation::GetSingleton();
+        neededLoadingAtFirst = SchematicRepresentation::GetSingleton()->GetNeedLoading();
     }
     void TearDown() override { zvk::World::SetWorld(nullptr); }
+
+    inline static bool neededLoadingAtFirst = false;
 };
 
 [[maybe_unused]] ::testing::Environment* const inAWorld =
@@ -193,6 +195,21 @@ TEST_F(RepresentationTest, OnAPlainPortAllDetailsButTheNodesOwnAnswerActiveOrNot
     EXPECT_EQ(FiguresFor(NetNode(first), NetOf(first, "C")), (Strings{"F2"}));
 }
 
+TEST_F(RepresentationTest, OnlyTheFirstSubNetOfTheNameSaysWhetherTheNetIsCarriedOn) {
+    AddBusNodes();
+    auto const subNet = NetOf(first, "A");
+    BusNode(second)->Add(SmartPtr<SubNet>(new SubNet(second, second->GetLock(), "A")));
+    EXPECT_EQ(FiguresFor(BusNode(first), subNet), (Strings{"F2"}));
+    Hide(NetOf(second, "A"));
+    EXPECT_EQ(FiguresFor(BusNode(first), subNet), Strings{});
+}
+
+TEST_F(RepresentationTest, AHiddenNodeOfABusCarriesNoNet) {
+    AddBusNodes();
+    Hide(BusNode(second));
+    EXPECT_EQ(FiguresFor(BusNode(first), NetOf(first, "A")), Strings{});
+}
+
 TEST_F(RepresentationTest, AHiddenNetIsNotCarriedOn) {
     AddBusNodes();
     Hide(NetOf(second, "A"));
@@ -237,6 +254,51 @@ TEST_F(RepresentationTest, GridReferencesAreReadFromTheFormat) {
     EXPECT_TRUE(record->GetFigureDetails(details, Symbol("F1")).empty());
 }
 
+TEST_F(RepresentationTest, AMovedFormatStillReportsTheKernelsGridCell) {
+    AddNetNodes();
+    second->GetFormat()->MoveItem(-25, 25);
+    std::vector<FigurePortNodeDetail> details;
+    record->GetFiguresForPortNode(NetNode(first), nullptr, details);
+    ASSERT_EQ(details.size(), 1U);
+    EXPECT_EQ(details[0].GetXGrid().GetString(), "2");
+    EXPECT_EQ(details[0].GetYGrid().GetString(), "C");
+    Symbol x;
+    Symbol y;
+    second->GetFormat()->GetKernelFormat()->CalculateGridLocation({10 + 25, 60 - 25}, x, y);
+    EXPECT_EQ(details[0].GetXGrid(), x);
+    EXPECT_EQ(details[0].GetYGrid(), y);
+}
+
+TEST_F(RepresentationTest, WithoutAFormatAGridReferenceStaysAsItWas) {
+    SmartPtr<PortNode> const node = NetNode(second);
+    record->PortAddFigureDetail(node->GetPort()->GetId(), Symbol("F2"), Symbol("elsewhere"), node,
+                                Symbol("x"), Symbol("y"));
+    second->RemoveItem(second->GetFormat());
+    ASSERT_FALSE(second->GetFormat());
+    std::vector<FigurePortNodeDetail> details;
+    record->GetFiguresForPortNode(NetNode(first), nullptr, details);
+    ASSERT_EQ(details.size(), 1U);
+    EXPECT_EQ(details[0].GetXGrid().GetString(), "x");
+    EXPECT_EQ(details[0].GetYGrid().GetString(), "y");
+}
+
+TEST_F(RepresentationTest, ANewNameOfAFigureCountsForTheNodesAddedAfterwards) {
+    record->AddActiveFigure(second, Symbol("renamed"));
+    AddNetNodes();
+    EXPECT_EQ(FiguresFor(NetNode(first), nullptr), (Strings{"renamed"}));
+    record->AddActiveFigure(nullptr, Symbol("nothing"));
+}
+
+TEST_F(RepresentationTest, DetailsOfOneFigureAreFoundInTheirOrder) {
+    auto const detail = [](char const* figure, char const* node) {
+        return FigurePortNodeDetail(Symbol(figure), Symbol(node), nullptr, Symbol(), Symbol());
+    };
+    std::vector<FigurePortNodeDetail> const all{detail("F", "b"), detail("G", "c"),
+                                                detail("F", "a")};
+    EXPECT_EQ(record->GetFigureDetails(all, Symbol("F")),
+              (std::vector<FigurePortNodeDetail>{detail("F", "b"), detail("F", "a")}));
+}
+
 TEST_F(RepresentationTest, TheNetsOfAPortNodeAreNamedHiddenOnesToo) {
     Hide(NetOf(first, "B"));
     std::vector<Symbol> names;
@@ -264,7 +326,26 @@ TEST_F(RepresentationTest, AHiddenNodesDetailIsLeftOutButItsPortIsWritten) {
     Hide(NetNode(first));
     auto const lines = Capture();
     EXPECT_EQ(Count(lines, "sch_port {"), 1U);
-    EXPECT_EQ(Count(lines, "sch_figure_port_node_detail {"), 0U);
+    EXPECT_EQ(lines,
+              (Strings{"fig_representation {", "sch_port {",
+                       "sch_port_id=" + NetNode(first)->GetPort()->GetId().GetString(), "}", "}"}));
+}
+
+TEST_F(RepresentationTest, ADetailReadBackIsWrittenThoughItsNodeIsHidden) {
+    record->PortNodeAddFigureDetail(NetNode(first), first);
+    SerializedContentElement root(Symbol("root"));
+    record->CaptureContent(&root);
+    Hide(NetNode(first));
+    record->CreateFromContent(&root);
+    EXPECT_EQ(Capture(), LinesOf(root));
+}
+
+TEST_F(RepresentationTest, AHiddenNetIsNotNamedInContent) {
+    record->PortNodeAddFigureDetail(BusNode(first), first);
+    Hide(NetOf(first, "A"));
+    auto const lines = Capture();
+    EXPECT_EQ(Count(lines, "sch_net_name=A"), 0U);
+    EXPECT_EQ(Count(lines, "sch_net_name=B"), 1U);
 }
 
 TEST_F(RepresentationTest, ADetailWithoutVisibleNetsWritesNoNetNames) {
@@ -331,6 +412,29 @@ TEST_F(RepresentationTest, APublishOptionNamesTheFiguresAndLeavesTheRecordAsItIs
     EXPECT_EQ(Count(Capture(), "fig_rep_figure_id=F1"), 1U);
 }
 
+TEST_F(RepresentationTest, FieldsThatADetailLeavesOutAreThoseOfTheOneBefore) {
+    SerializedContentElement root(Symbol("root"));
+    auto* const port =
+        root.StartContent(Symbol("fig_representation"))->StartContent(Symbol("sch_port"));
+    port->AddProperty(Symbol("sch_port_id"), Symbol("P"));
+    auto* const whole = port->StartContent(Symbol("sch_figure_port_node_detail"));
+    whole->AddProperty(Symbol("fig_rep_figure_id"), Symbol("F"));
+    whole->AddProperty(Symbol("sch_port_node_id"), Symbol("n"));
+    whole->AddProperty(Symbol("fig_rep_x_grid"), Symbol("7"));
+    whole->AddProperty(Symbol("sch_net_name"), Symbol("N"));
+    auto* const bare = port->StartContent(Symbol("sch_figure_port_node_detail"));
+    bare->AddProperty(Symbol("sch_port_node_id"), Symbol("m"));
+    record->CreateFromContent(&root);
+    auto const lines = Capture();
+    EXPECT_EQ(Count(lines, "fig_rep_figure_id=F"), 2U);
+    EXPECT_EQ(Count(lines, "fig_rep_x_grid=7"), 2U);
+    EXPECT_EQ(Count(lines, "sch_net_name=N"), 1U) << "nets are those of one detail";
+}
+
+TEST_F(RepresentationTest, OutsideTheAuthoringApplicationContentIsWantedFromTheStart) {
+    EXPECT_TRUE(InAWorld::neededLoadingAtFirst);
+}
+
 TEST_F(RepresentationTest, TheWorldAsksForContentAndLoadingItIsEnough) {
     record->SetNeedLoading(false);
     zvk::World::GetWorld()->NotifyContentMayHaveChanged();
@@ -366,6 +470,8 @@ TEST_F(RepresentationTest, HidingASubNetRemovesThePathWithoutABranch) {
     EXPECT_EQ(SegmentsWith(first, net), 0U);
     EXPECT_EQ(SegmentsWith(first, NetOf(first, "A")), 1U);
     record->HideSubNet(nullptr, net);
+    record->HideSubNet(BusNode(first), nullptr);
+    EXPECT_EQ(SegmentsWith(first, NetOf(first, "A")), 1U);
 }
 
 TEST_F(RepresentationTest, HidingStopsAfterTheFirstNodeWhereTheNetBranches) {
@@ -387,6 +493,17 @@ TEST_F(RepresentationTest, OutsideTheAuthoringApplicationDeadEndsAreHiddenWhenAN
     record->PortNodeAddFigureDetail(BusNode(first), first);
     EXPECT_EQ(SegmentsWith(first, NetOf(first, "A")), 1U);
     EXPECT_EQ(SegmentsWith(first, NetOf(first, "B")), 0U);
+}
+
+TEST_F(RepresentationTest, InTheAuthoringApplicationDeadEndsStay) {
+    record->PortNodeAddFigureDetail(BusNode(second), second);
+    record->PortNodeAddFigureDetail(BusNode(first), first);
+    EXPECT_EQ(SegmentsWith(first, NetOf(first, "B")), 2U);
+}
+
+TEST_F(RepresentationTest, ThePublishKeysHaveTheirTexts) {
+    EXPECT_EQ(SchematicRepresentation::s_export_animation.GetString(), "export_animation");
+    EXPECT_EQ(SchematicRepresentation::s_export_xrscene.GetString(), "export_xrscene");
 }
 
 TEST(FigurePortNodeDetail, IsEqualByFigureAndNodeAlone) {

@@ -1,0 +1,81 @@
+// Visitors are public: a host may hand them whatever its pointers hold.
+#include "GraphicsTestSupport.h"
+
+#include <figrep/ArrowPatternGenerator.h>
+#include <figrep/CalcFigureExtentsVisitor.h>
+#include <figrep/CrossingPointsVisitor.h>
+#include <figrep/Format.h>
+#include <figrep/Miscellaneous.h>
+#include <figrep/SegmentGraphicsGenerator.h>
+#include <figrep/TextLabelContainerVisitor.h>
+#include <figrep/TitleBlock.h>
+#include <figrep/UnroutedConnection.h>
+
+namespace figrep {
+
+using namespace testing;
+
+namespace {
+
+template <class... Items>
+void ShowNullItems(AbstractFigureVisitor& visitor) {
+    (visitor.Visit(SmartPtr<Items>()), ...);
+}
+
+void ShowNulls(AbstractFigureVisitor& visitor) {
+    visitor.StartGroupVisit(nullptr);
+    ShowNullItems<Figure, SubNet, NetSegment, SubHighway, HighwaySegment, UnroutedConnection,
+                  GenericGraphic, TextGraphic, PickGraphicProxy, Miscellaneous, Format, TitleBlock>(
+        visitor);
+    visitor.VisitTextLabelContainer(nullptr);
+    visitor.VisitComplete(SmartPtr<SubNet>());
+    visitor.VisitComplete(SmartPtr<SubHighway>());
+    visitor.VisitComplete(SmartPtr<Figure>());
+    visitor.EndGroupVisit(nullptr);
+}
+
+}  // namespace
+
+TEST(NullVisits, ExtentsStayAsTheyAre) {
+    Drawing const drawing;
+    LineGraphic(drawing.figure->GetTextLabelContainerGroup(), {0, 0}, {5, 5});
+    CalcFigureExtentsVisitor visitor;
+    drawing.figure->Accept(visitor);
+    ShowNullItems<SubNet, GenericGraphic, TextGraphic>(visitor);
+    EXPECT_EQ(visitor.GetFigureExtents(), DBox2D(0, 0, 5, 5));
+    auto const bus = Drawing::Bus(drawing.Highway(), {0, 0}, {1, 0});
+    EXPECT_TRUE(visitor.StartGroupVisit(bus)) << "a net that isn't there has no walk of its own";
+    EXPECT_FALSE(visitor.Visit(SmartPtr<Figure>()));
+}
+
+TEST(NullVisits, NoArrowsAndNoCrossingsComeOfThem) {
+    Drawing const drawing;
+    auto const wire = drawing.LoneWire({0, 0}, {10, 0});
+    ArrowPatternGenerator arrows;
+    CrossingPointsVisitor crossings(drawing.figure.Get());
+    ShowNulls(arrows);
+    ShowNulls(crossings);
+    EXPECT_FALSE(wire->HasArrows());
+    EXPECT_TRUE(CrossingsOf(*wire).empty());
+}
+
+TEST(NullVisits, NoPicturesComeOfThem) {
+    Drawing const drawing;
+    auto const net = drawing.Net();
+    SegmentGraphicsGenerator pictures(drawing.figure, true);
+    ShowNulls(pictures);
+    EXPECT_FALSE(pictures.Visit(SmartPtr<Figure>()));
+    EXPECT_TRUE(pictures.Visit(net));
+    ShowNullItems<NetSegment, UnroutedConnection>(pictures);
+    pictures.VisitComplete(net);
+    EXPECT_TRUE(net->IsEmpty());
+}
+
+TEST(NullVisits, ListsOfLabelsHoldNone) {
+    TextLabelContainerVisitor labels;
+    ShowNulls(labels);
+    EXPECT_TRUE(labels.GetTextItems().empty());
+    EXPECT_TRUE(labels.GetMiscItems().empty());
+}
+
+}  // namespace figrep
