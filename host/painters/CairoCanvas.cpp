@@ -74,22 +74,28 @@ std::string TagName(std::string_view name) {
 CairoCanvas::CairoCanvas(cairo_surface_t* surface, PaintedSheet const& sheet,
                          double unitsPerMillimetre)
     : cairo_(cairo_create(surface)) {
-    if (!sheet.anchor.empty()) {
-        cairo_tag_begin(cairo_, CAIRO_TAG_DEST,
-                        ("name='" + TagName(sheet.anchor) + "' x=0 y=0").c_str());
-        cairo_tag_end(cairo_, CAIRO_TAG_DEST);
-    }
     cairo_scale(cairo_, unitsPerMillimetre, -unitsPerMillimetre);
     if (!sheet.box.IsEmpty()) cairo_translate(cairo_, -sheet.box[0], -sheet.box[3]);
     cairo_set_line_cap(cairo_, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_ROUND);
-    if (!sheet.paintBackground) return;
-    SetColor(sheet.background);
-    cairo_paint(cairo_);
+    if (sheet.paintBackground) {
+        SetColor(sheet.background);
+        cairo_paint(cairo_);
+    }
+    // Behind the background: a page forgets all that it held before it is painted over.
+    if (!sheet.anchor.empty()) MarkPage(sheet.anchor);
 }
 
 CairoCanvas::~CairoCanvas() {
     cairo_destroy(cairo_);
+}
+
+void CairoCanvas::MarkPage(std::string const& anchor) {
+    cairo_save(cairo_);
+    cairo_identity_matrix(cairo_);
+    cairo_tag_begin(cairo_, CAIRO_TAG_DEST, ("name='" + TagName(anchor) + "' x=0 y=0").c_str());
+    cairo_tag_end(cairo_, CAIRO_TAG_DEST);
+    cairo_restore(cairo_);
 }
 
 void CairoCanvas::WritePng(cairo_write_func_t write, void* closure) {
@@ -274,8 +280,11 @@ void CairoCanvas::LinkText(LinkedText const& linked) {
     std::string const attributes = "rect=[" + std::to_string(left) + " " + std::to_string(bottom) +
                                    " " + std::to_string(right - left) + " " +
                                    std::to_string(top - bottom) + "] " + LinkTo(linked.link);
+    cairo_save(cairo_);
+    cairo_identity_matrix(cairo_);  // the rectangle is in the page's own units
     cairo_tag_begin(cairo_, CAIRO_TAG_LINK, attributes.c_str());
     cairo_tag_end(cairo_, CAIRO_TAG_LINK);
+    cairo_restore(cairo_);
 }
 
 }  // namespace fighost

@@ -50,6 +50,7 @@ private:
         std::string link;
     };
 
+    void MarkPage(std::string const& anchor);
     void Add(Outline outline, Paint const& paint);
     void Trace(Outline const& outline);
     void FillAndStroke(Paint const& paint);

@@ -97,6 +97,13 @@ TEST(PdfPainter, AnItemWithALinkLeadsToItsSheet) {
     EXPECT_EQ(Count(Pdf(2, true), "/Subtype /Link"), 2u);
 }
 
+// Also where the sheet is painted over: a background wipes what the page held before.
+TEST(PdfPainter, EveryAnchorIsAPlaceInTheDocument) {
+    std::string const document = Pdf(2, true);
+    EXPECT_EQ(Count(document, "/XYZ"), 2u);
+    EXPECT_EQ(Count(document, "(page-1)"), 2u) << "the outline's entry and the name itself";
+}
+
 TEST(PdfPainter, TheOutlineNamesEverySheet) {
     EXPECT_EQ(Count(Pdf(3, false), "/Title (sheet)"), 3u);
 }
