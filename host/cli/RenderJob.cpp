@@ -44,7 +44,7 @@ std::string PaintDocument(RenderJob const& job, std::vector<SessionSheet const*>
         PaintOptions options = OptionsFor(job, *sheet);
         options.title = sheet->name;
         options.anchor = sheet->id;
-        options.depth = SheetLinks::DepthOf(*sheet);
+        options.depth = links.DepthOf(*sheet);
         options.linkOf = [&links](auto const& node) { return links.Next(node); };
         PaintFigure(sheet->figure, painter, options);
     }

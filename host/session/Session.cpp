@@ -162,7 +162,20 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
     if (!options.saved.empty()) {
         error = savedState_.Read(files, options.saved, options.savedMayBeMissing);
     }
-    return !error && AddSheets(paths, options, error);
+    if (error || !AddSheets(paths, options, error)) return false;
+    KeepTree(source);
+    return true;
+}
+
+// Sheets stand in the order of the source. A kernel doesn't know how they hang together.
+void Session::KeepTree(figkernel::DesignSource const& source) {
+    for (std::size_t i = 0; i < sheets_.size() && i < source.sheets.size(); ++i) {
+        figkernel::SourceIndex const parent = source.sheets[i].parent;
+        if (parent < i) sheets_[i].parent = sheets_[parent].id;
+    }
+    for (figkernel::PortSource const& port : source.ports) {
+        if (port.inside < sheets_.size()) sheets_[port.inside].border.insert(port.id);
+    }
 }
 
 bool Session::AddSheets(std::vector<std::string> const& paths, SessionOptions const& options,

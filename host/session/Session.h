@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include <figk/SettingValue.h>
@@ -13,6 +14,10 @@
 #include <readers/Findings.h>
 #include <session/History.h>
 #include <session/SavedState.h>
+
+namespace figkernel {
+struct DesignSource;
+}
 
 namespace fighost {
 
@@ -28,7 +33,9 @@ struct SessionOptions {
 struct SessionSheet {
     std::string id;
     std::string name;
-    std::string path;  ///< as a user reads it, "/power/regulator/"; the root is "/"
+    std::string path;    ///< as a user reads it, "/power/regulator/"; the root is "/"
+    std::string parent;  ///< id of the sheet that shows this one as a block; empty for the root
+    std::unordered_set<std::string> border;  ///< ids of the ports that lead into this sheet
     figrep::SmartPtr<figk::Sheet> record;
     figrep::SmartPtr<figrep::Figure> figure;  ///< loaded, pictures up to date
 };
@@ -75,6 +82,7 @@ private:
                    std::optional<Finding>& error);
     void AddSheet(figrep::SmartPtr<figk::Sheet> const& record, std::string const& path,
                   SessionOptions const& options);
+    void KeepTree(figkernel::DesignSource const& source);
 
     std::string file_;
     figrep::SmartPtr<figk::Design> design_;

@@ -2,41 +2,82 @@
 
 #include <algorithm>
 
+#include <figk/Port.h>
 #include <figrep/Figure.h>
 #include <figrep/FigurePortNodeDetail.h>
+#include <figrep/Port.h>
 #include <figrep/PortNode.h>
 #include <figrep/SchematicRepresentation.h>
 #include <figrep/SubNet.h>
 
 namespace fighost {
 
+namespace {
+
+constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
+
+std::string PortId(figrep::PortNode const& node) {
+    figrep::SmartPtr<figrep::Port> const port = node.GetPort();
+    figrep::SmartPtr<figk::AbstractItem> const record = port ? port->GetKernelItem() : nullptr;
+    return record ? record->GetId().GetString() : std::string();
+}
+
+}  // namespace
+
 SheetLinks::SheetLinks(std::vector<SessionSheet const*> const& sheets) : sheets_(sheets) {
-    for (std::size_t i = 0; i < sheets.size(); ++i)
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
         places_[sheets[i]->id] = i;
+        for (std::string const& port : sheets[i]->border)
+            insides_[port] = sheets[i];
+    }
+}
+
+std::size_t SheetLinks::PlaceOf(std::string const& id) const {
+    auto const place = places_.find(id);
+    return place == places_.end() ? NOWHERE : place->second;
+}
+
+std::size_t SheetLinks::PlaceOfFigure(figrep::PortNode const& node) const {
+    figrep::SmartPtr<figrep::Figure> const figure = node.GetFigure();
+    auto const own = std::find_if(sheets_.begin(), sheets_.end(), [&](SessionSheet const* sheet) {
+        return sheet->figure == figure;
+    });
+    return own == sheets_.end() ? NOWHERE : static_cast<std::size_t>(own - sheets_.begin());
 }
 
 std::string SheetLinks::Next(figrep::SmartPtr<figrep::PortNode> const& node) const {
-    if (!node) return {};
-    figrep::SmartPtr<figrep::Figure> const figure = node->GetFigure();
+    std::size_t const own = node ? PlaceOfFigure(*node) : NOWHERE;
+    if (own == NOWHERE) return {};
+    auto const inside = insides_.find(PortId(*node));
+    std::size_t place = NOWHERE;
+    if (inside != insides_.end()) {
+        bool const entered = inside->second == sheets_[own];
+        place = PlaceOf(entered ? inside->second->parent : inside->second->id);
+    }
+    if (place == NOWHERE) place = PlaceBehind(node, own);
+    return place == NOWHERE ? std::string() : sheets_[place]->id;
+}
+
+std::size_t SheetLinks::PlaceBehind(figrep::SmartPtr<figrep::PortNode> const& node,
+                                    std::size_t own) const {
     std::size_t const count = sheets_.size();
-    std::size_t own = 0;
-    while (own < count && !(sheets_[own]->figure == figure))
-        ++own;
-    if (own == count) return {};
     std::vector<figrep::FigurePortNodeDetail> details;
     figrep::SchematicRepresentation::GetSingleton()->GetFiguresForPortNode(node, nullptr, details);
     std::size_t nearest = count;  // in steps forward
     for (figrep::FigurePortNodeDetail const& detail : details) {
-        auto const place = places_.find(detail.GetFigureName().GetString());
-        if (place == places_.end() || place->second == own) continue;
-        nearest = std::min(nearest, (place->second + count - own) % count);
+        std::size_t const place = PlaceOf(detail.GetFigureName().GetString());
+        if (place == NOWHERE || place == own) continue;
+        nearest = std::min(nearest, (place + count - own) % count);
     }
-    return nearest == count ? std::string() : sheets_[(own + nearest) % count]->id;
+    return nearest == count ? NOWHERE : (own + nearest) % count;
 }
 
-std::size_t SheetLinks::DepthOf(SessionSheet const& sheet) {
-    auto const bars = std::count(sheet.path.begin(), sheet.path.end(), '/');
-    return bars > 0 ? static_cast<std::size_t>(bars) - 1 : 0;
+std::size_t SheetLinks::DepthOf(SessionSheet const& sheet) const {
+    std::size_t depth = 0;
+    for (std::size_t place = PlaceOf(sheet.parent); place != NOWHERE;
+         place = PlaceOf(sheets_[place]->parent))
+        ++depth;
+    return depth;
 }
 
 }  // namespace fighost

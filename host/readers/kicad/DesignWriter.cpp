@@ -27,20 +27,23 @@ public:
     explicit Ports(figkernel::DesignSource& source) : design(source) {}
 
     SourceIndex Global(GivenName const& name, SourceIndex target) {
-        return Get("global:" + name.name, name, target);
+        return Get("global:" + name.name, name, target, NO_INDEX);
     }
-    SourceIndex OfSheet(std::string const& sheetId, GivenName const& name, SourceIndex target) {
-        return Get(sheetId + ":" + name.name, name, target);
+    /// `inside` is the sheet that the port leads into; NO_INDEX when it isn't there.
+    SourceIndex OfSheet(std::string const& sheetId, SourceIndex inside, GivenName const& name,
+                        SourceIndex target) {
+        return Get(sheetId + ":" + name.name, name, target, inside);
     }
 
 private:
-    SourceIndex Get(std::string id, GivenName const& name, SourceIndex target) {
+    SourceIndex Get(std::string id, GivenName const& name, SourceIndex target, SourceIndex inside) {
         auto const [at, fresh] = known.emplace(id, static_cast<SourceIndex>(design.ports.size()));
         if (!fresh) return at->second;
         figkernel::PortSource port;
         port.id = std::move(id);
         port.name = name.name;
         (name.bus ? port.highway : port.net) = target;
+        port.inside = inside;
         design.ports.push_back(std::move(port));
         return at->second;
     }
@@ -71,6 +74,7 @@ public:
         out.id = instance.id;
         out.name = instance.name;
         out.path = instance.path;
+        if (instance.parent != NO_SHEET) out.parent = instance.parent;
         out.attributes = {{"PAGE", instance.page}, {"FILE", FileName(file.path)}};
         out.format = pictures.MakeFormat();
         out.titleBlock = pictures.MakeTitleBlock();
@@ -181,7 +185,8 @@ private:
         source.id = label.uuid;
         source.position = frame(label.at);
         source.port = global ? ports.Global(name, nets.Of(node))
-                             : ports.OfSheet(graph.instance->id, name, nets.Of(node));
+                             : ports.OfSheet(graph.instance->id, IndexOf(*graph.instance), name,
+                                             nets.Of(node));
         source.settings = looks.Colored(global ? Role::GLOBAL_LABEL : Role::HIERARCHICAL_LABEL,
                                         label.style.color);
         if (global) {
@@ -204,12 +209,17 @@ private:
             figkernel::PortNodeSource source;
             source.id = pin.uuid;
             source.position = frame(pin.at);
-            source.port =
-                ports.OfSheet(owner, name, nets.Of(graph.firstSheetPin + static_cast<Node>(i)));
+            source.port = ports.OfSheet(owner, child == NO_SHEET ? NO_INDEX : child, name,
+                                        nets.Of(graph.firstSheetPin + static_cast<Node>(i)));
             source.settings = looks.Colored(Role::SHEET_PIN, pin.style.color);
             labels.DrawSheetPin(pin, name.name, source.graphics);
             out.portNodes.push_back(std::move(source));
         }
+    }
+
+    /// Sheets of the design stand in the order of the hierarchy.
+    SourceIndex IndexOf(SheetInstance const& instance) const {
+        return static_cast<SourceIndex>(&instance - hierarchy.sheets.data());
     }
 
     void WriteMarks() {

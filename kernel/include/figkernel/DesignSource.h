@@ -221,6 +221,7 @@ struct SheetSource {
     std::string id;    ///< stable and unique in the design: the path of sheet instances
     std::string name;  ///< as a user calls it
     std::string path;  ///< as a user reads it ("/power/regulator/")
+    SourceIndex parent = NO_INDEX;  ///< the sheet that shows this one as a block; for hosts alone
     std::vector<AttributeSource> attributes;
     SourceIndex settings = NO_INDEX;
     std::optional<FormatSource> format;
@@ -263,6 +264,8 @@ struct PortSource {
     SourceIndex highway = NO_INDEX;  ///< ... and highway is set
     std::vector<AttributeSource> attributes;
     SourceIndex settings = NO_INDEX;
+    /// The sheet into which the port leads, in `DesignSource::sheets`; for hosts alone.
+    SourceIndex inside = NO_INDEX;
 };
 
 struct DesignSource {
