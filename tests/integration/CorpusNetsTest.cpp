@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include <support/Corpus.h>
 #include <integration/oracle/NetOracle.h>
 #include <session/Inventory.h>
 #include <session/Session.h>
+#include <support/Corpus.h>
 
 namespace fighost {
 namespace {
