@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace figkernel {
 
@@ -20,6 +21,12 @@ unsigned CellOf(double distance, double size, unsigned count) {
     return std::min(static_cast<unsigned>(distance / size * count), count - 1);
 }
 
+std::string const& CellAt(std::vector<GridCellSource> const& cells, double distance) {
+    auto const last = std::prev(cells.end());
+    return std::find_if(cells.begin(), last, [&](auto const& cell) { return distance < cell.end; })
+        ->name;
+}
+
 template <class Enum>
 Enum Clamped(int number, Enum highest) {
     return static_cast<Enum>(std::clamp(number, 0, static_cast<int>(highest)));
@@ -30,12 +37,19 @@ Enum Clamped(int number, Enum highest) {
 void FormatRecord::CalculateGridLocation(dg::DPoint2D const& point, figk::Symbol& x,
                                          figk::Symbol& y) const {
     x = y = figk::Symbol::EMPTY;
-    if (columns == 0 || rows == 0 || !(width > 0) || !(height > 0)) return;
+    bool const hasColumns = columns > 0 || !columnCells.empty();
+    bool const hasRows = rows > 0 || !rowCells.empty();
+    if (!hasColumns || !hasRows || !(width > 0) || !(height > 0)) return;
     bool const isInside = point.x >= 0 && point.x <= width && point.y >= 0 && point.y <= height;
     if (!isInside) return;
-    x = figk::Symbol(std::to_string(CellOf(point.x, width, columns) + 1));
-    y = figk::Symbol(RowLetters(CellOf(height - point.y, height, rows)));
+    double const down = height - point.y;
+    x = figk::Symbol(columnCells.empty() ? std::to_string(CellOf(point.x, width, columns) + 1)
+                                         : CellAt(columnCells, point.x));
+    y = figk::Symbol(rowCells.empty() ? RowLetters(CellOf(down, height, rows))
+                                      : CellAt(rowCells, down));
 }
+
+PlacedTextSection::~PlacedTextSection() = default;
 
 TextSectionRecord::TextSectionRecord(TitleBlockSectionSource const& source)
     : id(source.id),
@@ -46,7 +60,8 @@ TextSectionRecord::TextSectionRecord(TitleBlockSectionSource const& source)
       strikeOut(source.strikeOut),
       fontColor(source.fontColor),
       fontSize(source.fontSize),
-      spacing(source.spacing) {
+      spacing(source.spacing),
+      place(source.place) {
     for (TitleBlockSegmentSource const& segment : source.segments) {
         segments.push_back({segment.type, segment.token, segment.original, segment.text});
     }

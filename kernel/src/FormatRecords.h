@@ -4,6 +4,7 @@
 #include <figk/Format.h>
 #include <figk/TitleBlock.h>
 #include <figkernel/DesignSource.h>
+#include <figkernel/PlacedTextSection.h>
 
 #include "RecordBase.h"
 
@@ -16,11 +17,14 @@ public:
           width(source.width),
           height(source.height),
           columns(source.columns),
-          rows(source.rows) {}
+          rows(source.rows),
+          columnCells(source.columnCells),
+          rowCells(source.rowCells) {}
 
     double GetWidth() const override { return width; }
     double GetHeight() const override { return height; }
-    /// Columns are numbered from the left, rows lettered from the top: "4" and "B".
+    /// Columns are numbered from the left, rows lettered from the top: "4" and "B"; cells with
+    /// names of their own go by these.
     void CalculateGridLocation(dg::DPoint2D const& point, figk::Symbol& x,
                                figk::Symbol& y) const override;
 
@@ -29,9 +33,11 @@ private:
     double height;
     unsigned columns;
     unsigned rows;
+    std::vector<GridCellSource> columnCells;
+    std::vector<GridCellSource> rowCells;
 };
 
-class TextSectionRecord : public figk::TitleBlockTextSection {
+class TextSectionRecord : public PlacedTextSection {
 public:
     explicit TextSectionRecord(TitleBlockSectionSource const& source);
 
@@ -47,6 +53,7 @@ public:
     dg::Color GetFontColor() const override { return fontColor; }
     double GetFontSize() const override { return fontSize; }
     double GetSpacing() const override { return spacing; }
+    std::optional<TextPlaceSource> const& GetPlace() const override { return place; }
 
 private:
     unsigned id;
@@ -59,6 +66,7 @@ private:
     dg::Color fontColor;
     double fontSize;
     double spacing;
+    std::optional<TextPlaceSource> place;
 };
 
 class TitleBlockRecord : public SheetItemRecord<figk::TitleBlock> {

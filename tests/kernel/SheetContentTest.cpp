@@ -12,11 +12,13 @@
 #include <figk/Net.h>
 #include <figk/NetSegment.h>
 #include <figk/Port.h>
+#include <figk/SchematicKernel.h>
 #include <figk/SubHighway.h>
 #include <figk/SubNet.h>
 #include <figk/TextGraphic.h>
 #include <figk/TitleBlock.h>
 #include <figk/Zv2dGraphics.h>
+#include <figkernel/DesignBuilder.h>
 #include <support/Drawing.h>
 #include <support/KernelDump.h>
 #include <support/KernelGuarantees.h>
@@ -187,6 +189,29 @@ TEST(Format, NamesTheCellsOfItsGrid) {
     EXPECT_EQ(cell(60, 120), "B2");
     EXPECT_EQ(cell(401, 0), "");
     EXPECT_EQ(cell(std::nan(""), 0), "");
+}
+
+TEST(Format, CellsOfItsOwnReplaceTheEvenOnes) {
+    figkernel::DesignSource source;
+    source.id = "design";
+    source.sheets.resize(1);
+    figkernel::FormatSource& format = source.sheets[0].format.emplace();
+    format.width = 100;
+    format.height = 50;
+    format.rows = 2;
+    format.columnCells = {{"left", 30}, {"right", 60}};
+    auto const design = figkernel::Build(source, figk::SchematicKernel::GetKernelLock()).design;
+    auto const cell = [&](double x, double y) {
+        figk::Symbol column;
+        figk::Symbol row;
+        design->GetSheets().front()->GetFormat()->CalculateGridLocation({x, y}, column, row);
+        return column.GetString() + "/" + row.GetString();
+    };
+    EXPECT_EQ(cell(0, 50), "left/A");
+    EXPECT_EQ(cell(29.9, 10), "left/B");
+    EXPECT_EQ(cell(30, 10), "right/B");
+    EXPECT_EQ(cell(100, 10), "right/B") << "the last reaches to the edge";
+    EXPECT_EQ(cell(101, 10), "/");
 }
 
 TEST(Format, WithoutAGridNamesNoCell) {

@@ -166,7 +166,13 @@ Drawing& Drawing::Text(std::string const& text, double x, double y) {
 }
 
 Drawing& Drawing::Format(double width, double height, unsigned columns, unsigned rows) {
-    Current().format = figkernel::FormatSource{"format", "frame", width, height, columns, rows, {}};
+    figkernel::FormatSource& format = Current().format.emplace();
+    format.id = "format";
+    format.name = "frame";
+    format.width = width;
+    format.height = height;
+    format.columns = columns;
+    format.rows = rows;
     return *this;
 }
 

@@ -171,6 +171,12 @@ struct DecorationSource {
     GroupSource graphics;
 };
 
+/// A column or row of a reference grid whose cells have names and sizes of their own.
+struct GridCellSource {
+    std::string name;
+    double end = 0;  ///< distance from the left edge of the frame, of a row from its upper edge
+};
+
 /// The frame of a sheet, with the grid that tells locations ("B4").
 struct FormatSource {
     std::string id;
@@ -179,6 +185,10 @@ struct FormatSource {
     double height = 0;
     unsigned columns = 0;  ///< numbered from 1, left to right; 0: no grid
     unsigned rows = 0;     ///< lettered from A, top to bottom; 0: no grid
+    /// In place of the even columns, left to right; the last one reaches to the edge.
+    std::vector<GridCellSource> columnCells;
+    /// In place of the even rows, top to bottom; the last one reaches to the edge.
+    std::vector<GridCellSource> rowCells;
     GroupSource graphics;
 };
 
@@ -188,6 +198,16 @@ struct TitleBlockSegmentSource {
     std::string token;
     bool original = true;
     std::string text;
+};
+
+/// Where a text stands that its drawing sheet sets to a place of its own.
+struct TextPlaceSource {
+    dg::DPoint2D at;           ///< from the lower left corner of the frame
+    double angle = 0;          ///< radians, counter-clockwise
+    int vertical = 1;          ///< what of the text is at the point: 0 bottom, 1 middle, 2 top
+    double greatestWidth = 0;  ///< along the text, mm; a longer one is written smaller; 0: any
+    double greatestHeight = 0;
+    std::string font;  ///< empty: the painter's own
 };
 
 struct TitleBlockSectionSource {
@@ -201,6 +221,7 @@ struct TitleBlockSectionSource {
     dg::Color fontColor;
     double fontSize = 2.5;
     double spacing = 0;
+    std::optional<TextPlaceSource> place;  ///< none: the layout of the block decides
 };
 
 struct TitleBlockSource {
