@@ -17,6 +17,7 @@
 #include <figrep/Setting.h>
 #include <readers/kicad/ReadDesign.h>
 #include <session/SheetFrame.h>
+#include <session/SheetTokens.h>
 #include <zvk/Depiction.h>
 
 namespace fighost {
@@ -206,6 +207,7 @@ void Session::AddSheet(SmartPtr<figk::Sheet> const& record, std::string const& p
     sheet.record = record;
     sheet.figure = factory.CreateFigure();
     sheet.figure->AddSetting(CrossingSetting(options.crossings), false);
+    SheetTokens::Install()->Enter(sheet.figure, record, path, sheets_.size() + 1);
     AddSheetFrame(record, sheet.figure);
     if (!savedState_.Apply(*record, path, sheet.figure)) {
         figrep::FigureSheetDeltaGenerator generator(record);
@@ -226,8 +228,10 @@ std::string Session::SaveFigures() const {
 Session::~Session() {
     history_.Clear();  // operations hold figures
     auto const record = figrep::SchematicRepresentation::GetSingleton();
-    for (SessionSheet const& sheet : sheets_)
+    for (SessionSheet const& sheet : sheets_) {
         record->RemoveFigure(sheet.figure);
+        SheetTokens::Install()->Leave(sheet.figure);
+    }
     sheets_.clear();
     savedState_ = SavedState();  // it holds figures too
     if (design_) Kernel()->RemoveDesign(design_);

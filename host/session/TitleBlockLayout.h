@@ -5,10 +5,12 @@
 
 namespace fighost {
 
-/// Stacks the sections from the top, each in a row as high as its text, with a line between. The
-/// frame is as wide as the widest text needs and at least as wide and high as the title block
-/// wants; it keeps the block's offsets from its corner of the format. Text that doesn't fit the
-/// sheet is not shortened. A title block without format or sections shows nothing.
+/// Stacks the sections from the top, each in a row as high as its text, with a line between; tabs
+/// divide a row into cells. The frame is as wide as the widest row needs and at least as wide and
+/// high as the title block wants, but no wider than the sheet, where long texts are written
+/// smaller; it keeps the block's offsets from its corner of the format. Sections with places of
+/// their own, as a drawing sheet gives them, stand there without a frame. A title block without
+/// format or sections shows nothing.
 class TitleBlockLayout : public figrep::TitleBlockGraphicsGenerator {
 public:
     void GenerateGraphics(figrep::SmartPtr<figrep::TitleBlock> const& titleBlock) override;

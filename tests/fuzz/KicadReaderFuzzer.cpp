@@ -1,4 +1,5 @@
-// Feeds bytes to the KiCad reader: a root sheet and, behind a divider, a sub-sheet and a project.
+// Feeds bytes to the KiCad reader: a root sheet and, behind dividers, a sub-sheet, a project and a
+// drawing sheet.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -29,7 +30,8 @@ fighost::kicad::Limits SmallLimits() {
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     std::string const all(reinterpret_cast<char const*>(data), size);
-    char const* const names[] = {"root.kicad_sch", "sub.kicad_sch", "root.kicad_pro"};
+    char const* const names[] = {"root.kicad_sch", "sub.kicad_sch", "root.kicad_pro",
+                                 "root.kicad_wks"};
     fighost::MemoryFiles files;
     std::size_t begin = 0;
     for (char const* name : names) {

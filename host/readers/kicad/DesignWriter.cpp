@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include <readers/FileSource.h>
+#include <readers/kicad/Variables.h>
 
 #include "LabelPictures.h"
 #include "SheetPictures.h"
@@ -19,6 +20,11 @@ using figkernel::NO_INDEX;
 using figkernel::SourceIndex;
 
 static_assert(NO_NET == NO_INDEX);
+
+/// A variable of the project whose value names others can have one value per sheet.
+bool IsSameOnAllSheets(std::string const& value) {
+    return value.find("${") == std::string::npos;
+}
 
 /// The ports of a design: one for each global label, one for each label of a sub-sheet with the
 /// sheet pins that lead there.
@@ -75,9 +81,8 @@ public:
         out.name = instance.name;
         out.path = instance.path;
         if (instance.parent != NO_SHEET) out.parent = instance.parent;
-        out.attributes = {{"PAGE", instance.page}, {"FILE", FileName(file.path)}};
-        out.format = pictures.MakeFormat();
-        out.titleBlock = pictures.MakeTitleBlock();
+        WriteAttributes();
+        pictures.DrawFrame(out);
         pictures.DrawContent(out.labels);
         WriteBlocks();
         WriteLines();
@@ -88,6 +93,24 @@ public:
     }
 
 private:
+    /// What texts of the title block can name, beside what every sheet has.
+    void WriteAttributes() {
+        out.attributes = {{"PAGE", graph.instance->page}, {"FILE", FileName(file.path)}};
+        std::vector<std::string> names = {"TITLE",   "ISSUE_DATE", "REVISION",
+                                          "COMPANY", "PAPER",      "KICAD_VERSION"};
+        for (int number = 1; number <= 9; ++number)
+            names.push_back("COMMENT" + std::to_string(number));
+        for (std::string const& name : names) {
+            std::string text = ExpandOnSheet(hierarchy, graph.index, "${" + name + "}");
+            if (!text.empty()) out.attributes.push_back({name, std::move(text)});
+        }
+        for (auto const& [name, value] : hierarchy.project.variables) {
+            if (!IsSameOnAllSheets(value)) {
+                out.attributes.push_back({name, ExpandOnSheet(hierarchy, graph.index, value)});
+            }
+        }
+    }
+
     void WriteBlocks() {
         for (std::size_t i = 0; i < file.sheets.size(); ++i) {
             out.blocks.push_back(pictures.MakeSheetBlock(i));
@@ -281,6 +304,9 @@ figkernel::DesignSource WriteDesign(Hierarchy const& hierarchy, DesignNets const
     design.id = hierarchy.Root().uuid.empty() ? hierarchy.project.name : hierarchy.Root().uuid;
     design.name = hierarchy.project.name;
     design.fileName = hierarchy.Root().path;
+    for (auto const& [name, value] : hierarchy.project.variables) {
+        if (IsSameOnAllSheets(value)) design.attributes.push_back({name, value});
+    }
     WriteNets(nets, design);
     Looks looks(design);
     SymbolPictures symbols(hierarchy, looks);

@@ -1,5 +1,8 @@
 #include <readers/kicad/Hierarchy.h>
 
+#include <algorithm>
+#include <utility>
+
 #include <readers/kicad/Characters.h>
 #include <readers/kicad/SheetReader.h>
 #include <readers/kicad/Texts.h>
@@ -34,6 +37,7 @@ public:
 
     std::optional<Finding> Run(std::string const& rootPath) {
         out.project = ReadProject(source, rootPath, limits, findings);
+        LoadDrawingSheet(rootPath);
         if (auto error = Load(rootPath)) return error;
         AddRoot();
         for (std::size_t i = 0; i < out.sheets.size(); ++i)
@@ -70,6 +74,38 @@ private:
         return ReadSheetFile(path, std::move(bytes), limits, findings, file);
     }
 
+    void LoadDrawingSheet(std::string const& rootPath) {
+        constexpr std::string_view FOLDER = "${KIPRJMOD}/";
+        constexpr std::size_t LARGEST = std::size_t(64) << 20;
+        std::string name = out.project.drawingSheet;
+        bool const isNamed = !name.empty();
+        if (!isNamed) name = out.project.name + ".kicad_wks";
+        if (name.compare(0, FOLDER.size(), FOLDER) == 0) name.erase(0, FOLDER.size());
+        std::string const path = ResolveBeside(rootPath, Expand(name));
+        std::string bytes;
+        auto const status = source.Read(path, std::min(limits.fileBytes, LARGEST), bytes);
+        if (status != FileSource::Status::READ) {
+            if (isNamed) {
+                findings.Warn(
+                    "missing-drawing-sheet", {path, 0, 0},
+                    "The drawing sheet of the project is not used: " + SentenceFor(status));
+            }
+            return;
+        }
+        DrawingSheet sheet;
+        auto const error = ReadDrawingSheet(path, std::move(bytes), limits, findings, sheet);
+        if (!error) {
+            out.drawingSheet = std::move(sheet);
+            return;
+        }
+        findings.Warn("unreadable-drawing-sheet", error->place,
+                      "The drawing sheet is not used: " + error->sentence);
+    }
+
+    std::size_t CostOf(SheetFile const& file) const {
+        return file.CountItems() + (out.drawingSheet ? out.drawingSheet->cost : 0);
+    }
+
     void AddRoot() {
         SheetInstance root;
         root.file = out.files.front().get();
@@ -90,7 +126,7 @@ private:
             std::uint32_t const at = stack.back();
             SheetFile const& file = *out.sheets[at].file;
             std::size_t const number = out.sheets[at].children.size();
-            if (number == 0 && (items += file.CountItems()) > limits.items) {
+            if (number == 0 && (items += CostOf(file)) > limits.items) {
                 return Finding::InFile(out.Root().path, "The design has too many items");
             }
             if (number == file.sheets.size()) {

@@ -10,6 +10,7 @@
 
 #include <readers/FileSource.h>
 #include <readers/Findings.h>
+#include <readers/kicad/DrawingSheet.h>
 #include <readers/kicad/Limits.h>
 #include <readers/kicad/Project.h>
 #include <readers/kicad/SheetFile.h>
@@ -35,6 +36,7 @@ struct SheetInstance {
 
 struct Hierarchy {
     Project project;
+    std::optional<DrawingSheet> drawingSheet;  ///< none: the frame is drawn our own way
     std::vector<std::unique_ptr<SheetFile>> files;
     std::vector<SheetInstance> sheets;  ///< parents before children, in the order of the files
     BusAliases aliases;                 ///< of all sheets and of the project
@@ -45,7 +47,8 @@ struct Hierarchy {
 
 /// Loads the root and all that it includes. Answers the error that keeps the root from being shown,
 /// or a limit that was reached. A sub-sheet that is missing, broken or includes itself is a
-/// warning.
+/// warning, and so is a drawing sheet that can't be used. The drawing sheet is the one that the
+/// project names, else the file beside the project with its base name.
 std::optional<Finding> LoadHierarchy(FileSource& source, std::string const& rootPath,
                                      Limits const& limits, Findings& findings, Hierarchy& result);
 

@@ -1,4 +1,4 @@
-// The readers of single items; private to the reader of sheets.
+// The readers of single items; private to the readers of files.
 #pragma once
 
 #include <readers/kicad/NodeReader.h>
@@ -17,5 +17,7 @@ SheetSymbol ReadSheetSymbol(NodeReader& reader, SExpression::View list);
 Label ReadLabel(NodeReader& reader, SExpression::View list, Label::Kind kind);
 Table ReadTable(NodeReader& reader, SExpression::View list);
 Image ReadImage(NodeReader& reader, SExpression::View list);
+/// The bytes that the words behind the keyword stand for; what is no digit is skipped.
+std::string ReadBase64(SExpression::View list);
 
 }  // namespace fighost::kicad

@@ -304,6 +304,14 @@ Table ReadTable(NodeReader& reader, View list) {
     return table;
 }
 
+std::string ReadBase64(View list) {
+    std::string bytes;
+    Base64Decoder decoder(bytes);
+    for (View part = list.At(1); part; part = part.Next())
+        decoder.Append(part.Raw());
+    return bytes;
+}
+
 Image ReadImage(NodeReader& reader, View list) {
     Image image;
     for (View child = list.At(1); child; child = child.Next()) {
@@ -315,9 +323,7 @@ Image ReadImage(NodeReader& reader, View list) {
         } else if (key == "uuid") {
             image.uuid = NodeReader::Text(child);
         } else if (key == "data") {
-            Base64Decoder decoder(image.bytes);
-            for (View part = child.At(1); part; part = part.Next())
-                decoder.Append(part.Raw());
+            image.bytes = ReadBase64(child);
         } else if (key != "locked") {
             reader.WarnUnknown(child, "image");
         }

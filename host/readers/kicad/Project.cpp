@@ -99,6 +99,10 @@ Project ReadProject(FileSource& files, std::string const& rootSheet, Limits cons
     ReadVariables(Member(&json, "text_variables"), project);
     Json const* const schematic = Member(&json, "schematic");
     ReadAliases(Member(schematic, "bus_aliases"), project);
+    Json const* const drawingSheet = Member(schematic, "page_layout_descr_file");
+    if (drawingSheet && drawingSheet->is_string()) {
+        project.drawingSheet = drawingSheet->get<std::string>();
+    }
     Json const* const roots = Member(schematic, "top_level_sheets");
     if (roots && roots->is_array() && roots->size() > 1) {
         findings.Warn("further-root-sheets", {path, 0, 0},

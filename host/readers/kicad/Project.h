@@ -16,8 +16,9 @@ struct Project {
     std::string name;  ///< the base name of the project file
     std::map<std::string, std::string, std::less<>> variables;
     BusAliases aliases;
-    int firstUnit = 'A';    ///< what the first unit of a symbol is called
-    int unitSeparator = 0;  ///< between reference and unit; 0: nothing
+    std::string drawingSheet;  ///< the file that draws the frame, as the project names it
+    int firstUnit = 'A';       ///< what the first unit of a symbol is called
+    int unitSeparator = 0;     ///< between reference and unit; 0: nothing
 
     /// "U1" and 2 as "U1B".
     std::string UnitReference(std::string const& reference, int unit) const;

@@ -15,6 +15,7 @@ namespace fighost::kicad {
 /// Versions of the file format where its meaning changed.
 inline constexpr int VERSION_6 = 20211123;
 inline constexpr int VERSION_POWER_BY_VALUE = 20230221;  ///< before: hidden pin names the net
+inline constexpr int VERSION_7 = 20220124;               ///< the first after version 6
 inline constexpr int VERSION_8 = 20231120;
 inline constexpr int VERSION_9 = 20250114;
 
@@ -62,7 +63,7 @@ struct Shape {
     Fill fill;
     std::string text;
     TextStyle style;
-    double angle = 0;                 ///< of texts, degrees
+    double angle = 0;  ///< of texts, degrees
     /// Of a text box, mm: left, top, right, bottom. Files before 2024 don't say.
     std::optional<std::array<double, 4>> margins;
 };
@@ -267,6 +268,7 @@ struct Paper {
 struct SheetFile {
     std::string path;
     int version = 0;
+    std::string writerVersion;  ///< of the program; empty before version 8
     std::string uuid;
     Paper paper;
     std::optional<TitleBlock> titleBlock;

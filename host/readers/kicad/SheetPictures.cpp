@@ -9,6 +9,7 @@
 #include <readers/kicad/Variables.h>
 #include <zv2d/Picture.h>
 
+#include "DrawingSheetPictures.h"
 #include "ImageSize.h"
 
 namespace fighost::kicad {
@@ -126,19 +127,24 @@ void SheetPictures::DrawTable(Table const& table, figkernel::GroupSource& group)
     DrawShape(border, Role::NOTE, group);
 }
 
-void SheetPictures::DrawImage(Image const& image, figkernel::GroupSource& group) {
-    auto const size = ReadImageSize(image.bytes);
+EntityPtr MakeImage(std::shared_ptr<std::string const> const& bytes, double scale,
+                    dg::DPoint2D const& at, std::string const& file, Findings& findings) {
+    auto const size = ReadImageSize(*bytes);
     if (!size) {
-        findings.Warn("unknown-image", {file.path, 0, 0},
+        findings.Warn("unknown-image", {file, 0, 0},
                       "An image of a kind that can't be shown is drawn as a frame");
     }
-    double const scale = std::clamp(image.scale, 0.001, 1000.0) / 2;
-    double const w = (size ? size->width : UNKNOWN_IMAGE_SIZE) * scale;
-    double const h = (size ? size->height : UNKNOWN_IMAGE_SIZE) * scale;
-    dg::DPoint2D const at = frame(image.at);
-    auto const bytes = size ? std::make_shared<std::string const>(image.bytes) : nullptr;
-    EntityPtr const picture(new zv2d::Picture(dg::DBox2D(at.x - w, at.y - h, at.x + w, at.y + h),
-                                              size ? size->mimeType : std::string(), bytes));
+    double const half = std::clamp(scale, 0.001, 1000.0) / 2;
+    double const w = (size ? size->width : UNKNOWN_IMAGE_SIZE) * half;
+    double const h = (size ? size->height : UNKNOWN_IMAGE_SIZE) * half;
+    return EntityPtr(new zv2d::Picture(dg::DBox2D(at.x - w, at.y - h, at.x + w, at.y + h),
+                                       size ? size->mimeType : std::string(),
+                                       size ? bytes : nullptr));
+}
+
+void SheetPictures::DrawImage(Image const& image, figkernel::GroupSource& group) {
+    EntityPtr const picture = MakeImage(std::make_shared<std::string const>(image.bytes),
+                                        image.scale, frame(image.at), file.path, findings);
     group.graphics.push_back(Graphic(image.uuid, "image", {picture}, looks.Colored(Role::NOTE)));
 }
 
@@ -252,7 +258,7 @@ void SheetPictures::DrawGrid(figkernel::FormatSource& format) {
     format.graphics.graphics.push_back(Graphic("", "border", lines, settings));
 }
 
-figkernel::FormatSource SheetPictures::MakeFormat() {
+figkernel::FormatSource SheetPictures::MakeFormat() const {
     constexpr double MOST_COLUMNS = 99;
     constexpr double MOST_ROWS = 26;
     figkernel::FormatSource format;
@@ -266,11 +272,27 @@ figkernel::FormatSource SheetPictures::MakeFormat() {
         static_cast<unsigned>(std::clamp(std::round(format.width / GRID_STEP), 1.0, MOST_COLUMNS));
     format.rows =
         static_cast<unsigned>(std::clamp(std::round(format.height / GRID_STEP), 1.0, MOST_ROWS));
-    DrawGrid(format);
     return format;
 }
 
-figkernel::TitleBlockSource SheetPictures::MakeTitleBlock() {
+void SheetPictures::DrawFrame(figkernel::SheetSource& out) {
+    figkernel::FormatSource format = MakeFormat();
+    bool const isLarge = format.columns > 0;
+    if (!hierarchy.drawingSheet) {
+        // On a sheet of the size of a stamp they would hide what it shows.
+        if (isLarge) DrawGrid(format);
+        if (isLarge) out.titleBlock = MakeTitleBlock();
+    } else {
+        figkernel::TitleBlockSource texts;
+        texts.id = "title";
+        DrawDrawingSheet(hierarchy, sheet, looks, format, texts, findings);
+        if (!texts.sections.empty()) out.titleBlock = std::move(texts);
+    }
+    out.format = std::move(format);
+}
+
+/// Rows from the top: comments, company, where the sheet stands, title, and what tells the issue.
+figkernel::TitleBlockSource SheetPictures::MakeTitleBlock() const {
     figkernel::TitleBlockSource block;
     block.id = "title";
     block.corner = 1;  // bottom right
@@ -280,36 +302,29 @@ figkernel::TitleBlockSource SheetPictures::MakeTitleBlock() {
     block.lineColor = ColorOf(Role::FRAME);
     block.lineWeight = FRAME_WIDTH;
     block.backgroundColor = dg::Color{1, 1, 1, 1};
-    auto const add = [&block](std::string text, bool bold = false) {
-        if (text.empty()) return;
+    auto const add = [&](std::string const& text, bool bold = false) {
         figkernel::TitleBlockSectionSource section;
         section.id = static_cast<unsigned>(block.sections.size() + 1);
-        section.segments.push_back({0, "", true, std::move(text)});
+        section.segments = MakeSegments(hierarchy, sheet, text);
         section.bold = bold;
         section.fontColor = ColorOf(Role::FRAME);
         section.fontSize = bold ? 2 * TEXT_SIZE : TEXT_SIZE;
         section.spacing = 1;
         block.sections.push_back(std::move(section));
     };
-    SheetInstance const& instance = hierarchy.sheets[sheet];
+    auto const has = [this](std::string const& variable) { return !Expand(variable).empty(); };
     for (int number = 9; number >= 1; --number) {
-        std::string const name = "${COMMENT" + std::to_string(number) + "}";
-        std::string const text = Expand(name);
-        if (text != name) add(text);
+        std::string const comment = "${COMMENT" + std::to_string(number) + "}";
+        if (has(comment)) add(comment);
     }
-    auto const value = [this](std::string const& name) {
-        std::string const text = Expand("${" + name + "}");
-        return text.rfind("${", 0) == 0 ? std::string() : text;
-    };
-    add(value("COMPANY"));
-    add("Sheet: " + instance.path);
-    add("File: " + FileName(file.path));
-    add(value("TITLE"), true);
-    std::string last = "Size: " + file.paper.name;
-    if (auto const date = value("ISSUE_DATE"); !date.empty()) last += "    Date: " + date;
-    if (auto const revision = value("REVISION"); !revision.empty()) last += "    Rev: " + revision;
-    if (!instance.page.empty()) last += "    Id: " + instance.page;
-    add(last + "/" + std::to_string(hierarchy.sheets.size()));
+    if (has("${COMPANY}")) add("${COMPANY}");
+    add("Sheet: ${SHEETPATH}");
+    add("File: ${FILENAME}");
+    if (has("${TITLE}")) add("${TITLE}", true);
+    std::string last = "Size: ${PAPER}";
+    if (has("${ISSUE_DATE}")) last += "\tDate: ${ISSUE_DATE}";
+    if (has("${REVISION}")) last += "\tRev: ${REVISION}";
+    add(last + "\tId: ${#}/${##}");
     return block;
 }
 

@@ -2,12 +2,20 @@
 // the frames of sub-sheets. Private to the writer of designs.
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include <figkernel/DesignSource.h>
 #include <readers/kicad/Hierarchy.h>
 #include <readers/kicad/Looks.h>
 #include <readers/kicad/Shapes.h>
 
 namespace fighost::kicad {
+
+/// A picture about its centre; a frame, with a warning, where its size can't be told. A scale of 1
+/// shows it in its own size.
+EntityPtr MakeImage(std::shared_ptr<std::string const> const& bytes, double scale,
+                    dg::DPoint2D const& at, std::string const& file, Findings& findings);
 
 /// Draws one sheet of the hierarchy.
 class SheetPictures {
@@ -25,9 +33,9 @@ public:
     void DrawContent(figkernel::GroupSource& group);
     /// The block that stands for a sub-sheet; one that can't be shown says so.
     figkernel::BlockSource MakeSheetBlock(std::size_t number);
-    /// Paper, border and reference grid.
-    figkernel::FormatSource MakeFormat();
-    figkernel::TitleBlockSource MakeTitleBlock();
+    /// Paper, border, reference grid and title block: as the project's drawing sheet has them, else
+    /// our own.
+    void DrawFrame(figkernel::SheetSource& out);
 
 private:
     void DrawShape(Shape const& shape, Role role, figkernel::GroupSource& group);
@@ -35,7 +43,9 @@ private:
     void DrawBoxText(Shape const& shape, std::string const& id, figkernel::GroupSource& group);
     void DrawTable(Table const& table, figkernel::GroupSource& group);
     void DrawImage(Image const& image, figkernel::GroupSource& group);
+    figkernel::FormatSource MakeFormat() const;
     void DrawGrid(figkernel::FormatSource& format);
+    figkernel::TitleBlockSource MakeTitleBlock() const;
     void MarkMissing(SheetSymbol const& symbol, std::string const& reason,
                      figkernel::BlockSource& block);
     std::string Expand(std::string_view text) const;

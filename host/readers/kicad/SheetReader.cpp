@@ -67,7 +67,7 @@ public:
             {"uuid", &SheetReader::ReadUuid},
             {"version", &SheetReader::Ignore},
             {"generator", &SheetReader::Ignore},
-            {"generator_version", &SheetReader::Ignore},
+            {"generator_version", &SheetReader::ReadWriterVersion},
             {"host", &SheetReader::Ignore},
             {"embedded_fonts", &SheetReader::Ignore},
             {"embedded_files", &SheetReader::Ignore},
@@ -87,6 +87,7 @@ private:
 
     void Ignore(View) {}
 
+    void ReadWriterVersion(View list) { sheet.writerVersion = NodeReader::Text(list); }
     void ReadUuid(View list) { sheet.uuid = NodeReader::Text(list); }
 
     void ReadSymbol(View list) { Keep(sheet.symbols, ReadPlacedSymbol(reader, list)); }

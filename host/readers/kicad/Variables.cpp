@@ -16,6 +16,11 @@ Value FromProject(Hierarchy const& hierarchy, std::string_view name) {
     return std::nullopt;
 }
 
+bool IsTitleBlockField(std::string_view name) {
+    return name == "TITLE" || name == "ISSUE_DATE" || name == "REVISION" || name == "COMPANY" ||
+           (name.size() == 8 && name.substr(0, 7) == "COMMENT" && name[7] >= '1' && name[7] <= '9');
+}
+
 /// A field of the title block. Its own variables come from the project alone, since a title of
 /// "${TITLE}" means the project's.
 Value FromTitleBlock(Hierarchy const& hierarchy, SheetFile const& file, std::string_view name) {
@@ -26,12 +31,16 @@ Value FromTitleBlock(Hierarchy const& hierarchy, SheetFile const& file, std::str
     if (name == "ISSUE_DATE") text = &block.date;
     if (name == "REVISION") text = &block.revision;
     if (name == "COMPANY") text = &block.company;
-    if (name.size() == 8 && name.substr(0, 7) == "COMMENT" && name[7] >= '1' && name[7] <= '9') {
-        text = &block.comments[static_cast<std::size_t>(name[7] - '1')];
-    }
-    if (!text) return std::nullopt;
+    if (!IsTitleBlockField(name)) return std::nullopt;
+    if (!text) text = &block.comments[static_cast<std::size_t>(name[7] - '1')];
     return ExpandVariables(*text,
                            [&](std::string_view inner) { return FromProject(hierarchy, inner); });
+}
+
+/// The program that wrote the file. Before version 8 it told no more than the file's format.
+std::string WriterOf(SheetFile const& file) {
+    if (!file.writerVersion.empty()) return "KiCad " + file.writerVersion;
+    return file.version < VERSION_7 ? "KiCad 6" : "KiCad 7";
 }
 
 Value FromSheet(Hierarchy const& hierarchy, std::uint32_t index, std::string_view name) {
@@ -40,10 +49,14 @@ Value FromSheet(Hierarchy const& hierarchy, std::uint32_t index, std::string_vie
     if (name == "SHEETPATH") return sheet.path;
     if (name == "FILENAME") return FileName(sheet.file->path);
     if (name == "PAPER") return sheet.file->paper.name;
-    if (name == "#") return sheet.page;
+    if (name == "#") return sheet.page.empty() ? std::to_string(index + 1) : sheet.page;
     if (name == "##") return std::to_string(hierarchy.sheets.size());
     if (auto value = FromTitleBlock(hierarchy, *sheet.file, name)) return value;
-    return FromProject(hierarchy, name);
+    if (auto value = FromProject(hierarchy, name)) return value;
+    if (name == "KICAD_VERSION") return WriterOf(*sheet.file);
+    // A picture depends on no clock, and a schematic has no layers.
+    bool const isEmpty = name == "CURRENT_DATE" || name == "LAYER" || IsTitleBlockField(name);
+    return isEmpty ? Value("") : std::nullopt;
 }
 
 Value FieldOf(PlacedSymbol const& symbol, std::string const& reference, std::string_view name) {

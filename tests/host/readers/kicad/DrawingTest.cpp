@@ -386,6 +386,12 @@ TEST(Frames, FollowThePaper) {
     }
 }
 
+TEST(Frames, ATinySheetHasNone) {
+    auto const result = Read(File("(paper \"User\" 40 40)"));
+    EXPECT_TRUE(OnlySheet(result).format->graphics.IsEmpty());
+    EXPECT_FALSE(OnlySheet(result).titleBlock);
+}
+
 TEST(Frames, TheTitleBlockTakesVariablesOfTheProject) {
     auto const result = Read(std::map<std::string, std::string>{
         {"root.kicad_sch", File("(title_block (title \"${TITLE}\") (rev \"2\"))")},
