@@ -3,6 +3,7 @@
 
 #include <figrep/Fwd.h>
 
+#include <map>
 #include <vector>
 
 namespace figrep {
@@ -53,6 +54,16 @@ private:
     Symbol xGrid_;
     Symbol yGrid_;
 };
+
+/// Orders port ids by their texts, so that what is written is the same whatever the process met
+/// before.
+struct PortIdOrder {
+    bool operator()(Symbol const& a, Symbol const& b) const {
+        return a.GetString() < b.GetString();
+    }
+};
+/// Who shows a port, by port id.
+using FigurePortDetails = std::map<Symbol, std::vector<FigurePortNodeDetail>, PortIdOrder>;
 
 /// The item's `ITEM_VISIBILITY`; true without such a setting, and for null.
 bool IsVisible(SmartPtr<AbstractFigureItem> const& item);

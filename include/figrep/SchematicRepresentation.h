@@ -44,6 +44,10 @@ public:
     /// those that carry the sub-net, or with a null sub-net all that are active.
     void GetFiguresForPortNode(SmartPtr<PortNode> const& node, SmartPtr<SubNet> const& subNet,
                                std::vector<FigurePortNodeDetail>& out);
+    /// The same question by ids, for a viewer that has no live node to ask with: appends where the
+    /// port shows, the asking node among them; on a highway only where the net is seen to pass.
+    void GetFiguresForPort(Symbol const& portId, bool onHighway, Symbol const& netName,
+                           std::vector<FigurePortNodeDetail>& out);
     std::vector<FigurePortNodeDetail> GetFigureDetails(
         std::vector<FigurePortNodeDetail> const& details, Symbol const& figureName) const;
     /// Appends the names of all sub-nets on the node's highway, hidden ones too.
@@ -71,8 +75,6 @@ public:
     static Symbol const s_export_xrscene;
 
 private:
-    using PortDetails = std::map<Symbol, std::vector<FigurePortNodeDetail>>;
-
     SchematicRepresentation();
     ~SchematicRepresentation() override;
 
@@ -80,7 +82,7 @@ private:
                                             FigurePortNodeDetail const& detail);
     void TidySubNetPathsOnHighway(SmartPtr<PortNode> const& node);
 
-    PortDetails portDetails_;
+    FigurePortDetails portDetails_;
     SmartPtr<WorldObserver> worldObserver_;  // null in the authoring application
     std::map<SmartPtr<Figure>, Symbol> activeFigures_;
     bool needLoading_;

@@ -9,7 +9,7 @@ RepresentationKeys const& RepresentationKeys::Get() {
     return keys;
 }
 
-FigrepSerializedContentVisitor::FigrepSerializedContentVisitor(PortDetails* portDetails)
+FigrepSerializedContentVisitor::FigrepSerializedContentVisitor(FigurePortDetails* portDetails)
     : portDetails_(portDetails) {}
 
 bool FigrepSerializedContentVisitor::StartElement(Symbol const& name) {

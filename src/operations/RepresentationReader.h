@@ -4,7 +4,6 @@
 #include <figrep/FigurePortNodeDetail.h>
 #include <zvk/SerializedContentVisitor.h>
 
-#include <map>
 #include <vector>
 
 namespace figrep {
@@ -29,9 +28,7 @@ struct RepresentationKeys {
 /// element, and keys that aren't known, are passed over.
 class FigrepSerializedContentVisitor : public zvk::SerializedContentVisitor {
 public:
-    using PortDetails = std::map<Symbol, std::vector<FigurePortNodeDetail>>;
-
-    explicit FigrepSerializedContentVisitor(PortDetails* portDetails);
+    explicit FigrepSerializedContentVisitor(FigurePortDetails* portDetails);
 
     bool StartElement(Symbol const& name) override;
     void EndElement(Symbol const& name) override;
@@ -45,7 +42,7 @@ private:
     Symbol xGrid_;
     Symbol yGrid_;
     std::vector<Symbol> netNames_;
-    PortDetails* portDetails_;
+    FigurePortDetails* portDetails_;
     bool inRepresentation_ = false;
 };
 

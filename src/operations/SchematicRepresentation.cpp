@@ -162,6 +162,18 @@ void SchematicRepresentation::GetFiguresForPortNode(SmartPtr<PortNode> const& no
     }
 }
 
+void SchematicRepresentation::GetFiguresForPort(Symbol const& portId, bool onHighway,
+                                                Symbol const& netName,
+                                                std::vector<FigurePortNodeDetail>& out) {
+    auto const entry = portDetails_.find(portId);
+    if (entry == portDetails_.end()) return;
+    for (FigurePortNodeDetail& detail : entry->second) {
+        if (onHighway && !detail.CarriesNet(netName)) continue;
+        detail.UpdateGridLocation();
+        out.push_back(detail);
+    }
+}
+
 std::vector<FigurePortNodeDetail> SchematicRepresentation::GetFigureDetails(
     std::vector<FigurePortNodeDetail> const& details, Symbol const& figureName) const {
     std::vector<FigurePortNodeDetail> result;

@@ -19,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -254,21 +255,6 @@ TEST_F(RepresentationTest, GridReferencesAreReadFromTheFormat) {
     EXPECT_TRUE(record->GetFigureDetails(details, Symbol("F1")).empty());
 }
 
-TEST_F(RepresentationTest, AMovedFormatStillReportsTheKernelsGridCell) {
-    AddNetNodes();
-    second->GetFormat()->MoveItem(-25, 25);
-    std::vector<FigurePortNodeDetail> details;
-    record->GetFiguresForPortNode(NetNode(first), nullptr, details);
-    ASSERT_EQ(details.size(), 1U);
-    EXPECT_EQ(details[0].GetXGrid().GetString(), "2");
-    EXPECT_EQ(details[0].GetYGrid().GetString(), "C");
-    Symbol x;
-    Symbol y;
-    second->GetFormat()->GetKernelFormat()->CalculateGridLocation({10 + 25, 60 - 25}, x, y);
-    EXPECT_EQ(details[0].GetXGrid(), x);
-    EXPECT_EQ(details[0].GetYGrid(), y);
-}
-
 TEST_F(RepresentationTest, WithoutAFormatAGridReferenceStaysAsItWas) {
     SmartPtr<PortNode> const node = NetNode(second);
     record->PortAddFigureDetail(node->GetPort()->GetId(), Symbol("F2"), Symbol("elsewhere"), node,
@@ -297,6 +283,53 @@ TEST_F(RepresentationTest, DetailsOfOneFigureAreFoundInTheirOrder) {
                                                 detail("F", "a")};
     EXPECT_EQ(record->GetFigureDetails(all, Symbol("F")),
               (std::vector<FigurePortNodeDetail>{detail("F", "b"), detail("F", "a")}));
+}
+
+TEST_F(RepresentationTest, AMovedFormatStillGivesTheKernelsCell) {
+    AddNetNodes();
+    SmartPtr<Format> const format = second->GetFormat();
+    dg::DPoint2D const at = NetNode(second)->GetPosition();
+    second->MoveItem(format, -25, 50);
+    Symbol x;
+    Symbol y;
+    format->GetKernelFormat()->CalculateGridLocation({at.x + 25, at.y - 50}, x, y);
+    ASSERT_FALSE(x.IsEmpty());
+    std::vector<FigurePortNodeDetail> details;
+    record->GetFiguresForPortNode(NetNode(first), nullptr, details);
+    ASSERT_EQ(details.size(), 1U);
+    EXPECT_EQ(details[0].GetXGrid(), x);
+    EXPECT_EQ(details[0].GetYGrid(), y);
+    EXPECT_EQ(Count(Capture(), "fig_rep_y_grid=" + y.GetString()), 1U) << "and so it is saved";
+}
+
+TEST_F(RepresentationTest, APortThatIsNotOnRecordLeadsNowhere) {
+    EXPECT_EQ(FiguresFor(NetNode(first), nullptr), Strings{});
+    EXPECT_EQ(FiguresFor(nullptr, nullptr), Strings{});
+    std::vector<FigurePortNodeDetail> details;
+    record->GetFiguresForPort(Symbol("nobody"), false, Symbol("A"), details);
+    EXPECT_TRUE(details.empty());
+}
+
+TEST_F(RepresentationTest, AskedByIdsItAnswersForAllNodesThatCarryTheNet) {
+    AddBusNodes();
+    AddNetNodes();
+    auto const ask = [&](SmartPtr<PortNode> const& node, bool onHighway, char const* net) {
+        std::vector<FigurePortNodeDetail> details;
+        record->GetFiguresForPort(node->GetPort()->GetId(), onHighway, Symbol(net), details);
+        Strings figures;
+        for (auto const& detail : details)
+            figures.push_back(detail.GetFigureName().GetString());
+        return figures;
+    };
+    for (bool const readBack : {false, true}) {
+        EXPECT_EQ(ask(BusNode(first), true, "A"), (Strings{"F1", "F2"})) << readBack;
+        EXPECT_EQ(ask(BusNode(first), true, "B"), (Strings{"F1"})) << readBack;
+        EXPECT_EQ(ask(BusNode(first), true, "Z"), Strings{}) << readBack;
+        EXPECT_EQ(ask(NetNode(first), false, ""), (Strings{"F1", "F2"})) << readBack;
+        SerializedContentElement root(Symbol("root"));
+        record->CaptureContent(&root);
+        record->CreateFromContent(&root);
+    }
 }
 
 TEST_F(RepresentationTest, TheNetsOfAPortNodeAreNamedHiddenOnesToo) {
@@ -346,6 +379,29 @@ TEST_F(RepresentationTest, AHiddenNetIsNotNamedInContent) {
     auto const lines = Capture();
     EXPECT_EQ(Count(lines, "sch_net_name=A"), 0U);
     EXPECT_EQ(Count(lines, "sch_net_name=B"), 1U);
+}
+
+TEST_F(RepresentationTest, PortsAreWrittenByTheirNamesWhateverWasMetBefore) {
+    Symbol const late("zz port");
+    Symbol const early("aa port");
+    for (Symbol const& port : {late, early})
+        record->PortAddFigureDetail(port, Symbol("F1"), Symbol("n"), nullptr, port, port);
+    auto const lines = Capture();
+    auto const place = [&](char const* line) {
+        return std::find(lines.begin(), lines.end(), line) - lines.begin();
+    };
+    EXPECT_LT(place("sch_port_id=aa port"), place("sch_port_id=zz port"));
+}
+
+TEST_F(RepresentationTest, APortWhoseDetailsAreAllHiddenIsNotReadBack) {
+    AddNetNodes();
+    Hide(NetNode(first));
+    Hide(NetNode(second));
+    SerializedContentElement root(Symbol("root"));
+    record->CaptureContent(&root);
+    EXPECT_EQ(Count(LinesOf(root), "sch_port {"), 1U);
+    record->CreateFromContent(&root);
+    EXPECT_TRUE(Capture().empty()) << "there is no detail to hang it on";
 }
 
 TEST_F(RepresentationTest, ADetailWithoutVisibleNetsWritesNoNetNames) {
