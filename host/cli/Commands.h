@@ -39,7 +39,9 @@ struct ListArguments : CommonArguments {
 };
 
 struct TraceArguments : CommonArguments {
-    std::string net;
+    std::string net;             ///< may be empty where only `save` is wanted
+    std::string save;            ///< where to save the way of all nets; empty: nowhere
+    std::string representation;  ///< what was saved, in place of `file`; empty: none
     bool json = false;
 };
 

@@ -1,6 +1,8 @@
 #include <cli/Commands.h>
 #include <cli/Json.h>
+#include <cli/Output.h>
 #include <session/Trace.h>
+#include <session/TraceIndex.h>
 
 namespace fighost {
 
@@ -60,16 +62,48 @@ std::string TraceText(NetTrace const& trace) {
 
 }  // namespace
 
-ExitCode Trace(TraceArguments const& arguments) {
-    std::unique_ptr<Session> const session = OpenSession(arguments);
-    if (!session) return EXIT_UNREADABLE_INPUT;
-    std::optional<NetTrace> const trace = TraceNet(*session, arguments.net);
+namespace {
+
+// The index of what was saved; nothing, with a message, when there is none.
+std::optional<TraceIndex> LoadTraces(std::string const& path) {
+    DiskFiles files;
+    ReadTracesResult result = ReadTraces(files, path);
+    if (result.error) PrintMessage(result.error->ToString());
+    return std::move(result.index);
+}
+
+ExitCode SaveTraces(TraceIndex const& index, std::string const& path) {
+    std::string error;
+    if (WriteOutput(path, WriteTraces(index), error)) return EXIT_DONE;
+    PrintMessage(error);
+    return EXIT_CANNOT_WRITE;
+}
+
+ExitCode PrintTrace(TraceIndex const& index, TraceArguments const& arguments,
+                    std::string const& lister) {
+    std::optional<NetTrace> const trace = TraceNet(index, arguments.net);
     if (!trace) {
-        PrintMessage("trace: no net is called '" + arguments.net +
-                     "'; 'figrep list nets' names them all");
+        PrintMessage("trace: no net is called '" + arguments.net + "'" + lister);
         return EXIT_WRONG_USAGE;
     }
     return PrintData(arguments.json ? JsonText(TraceJson(*trace)) : TraceText(*trace));
+}
+
+}  // namespace
+
+ExitCode Trace(TraceArguments const& arguments) {
+    if (!arguments.representation.empty()) {
+        std::optional<TraceIndex> const index = LoadTraces(arguments.representation);
+        return index ? PrintTrace(*index, arguments, "") : EXIT_UNREADABLE_INPUT;
+    }
+    std::unique_ptr<Session> const session = OpenSession(arguments);
+    if (!session) return EXIT_UNREADABLE_INPUT;
+    if (!arguments.save.empty()) {
+        ExitCode const saved = SaveTraces(IndexNets(*session), arguments.save);
+        if (saved != EXIT_DONE || arguments.net.empty()) return saved;
+    }
+    return PrintTrace(IndexNet(*session, arguments.net), arguments,
+                      "; 'figrep list nets' names them all");
 }
 
 }  // namespace fighost

@@ -6,6 +6,7 @@
 #include <exception>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -77,10 +78,27 @@ void AddList(CLI::App& program, ListArguments& arguments) {
 void AddTrace(CLI::App& program, TraceArguments& arguments) {
     CLI::App& command =
         *program.add_subcommand("trace", "Follow a net through the sheets, port by port");
-    AddCommon(command, arguments);
-    command.add_option("NET", arguments.net, "the net's full name, as 'list nets' has it")
-        ->required();
+    command.add_option("FILE", arguments.file, "the design; not with --representation");
+    command.add_option("NET", arguments.net, "the net's full name, as 'list nets' has it");
+    command.add_option("--save", arguments.save,
+                       "write the ways of all nets to this file; NET may be left out then");
+    command.add_option("--representation", arguments.representation,
+                       "answer from a file that --save has written, without the design");
+    command.add_flag("-q,--quiet", arguments.quiet, "print no warnings and no progress");
     command.add_flag("--json", arguments.json, "print one JSON object");
+    command.footer(EXIT_CODES);
+    command.callback([&arguments] {
+        if (!arguments.representation.empty()) {
+            if (!arguments.save.empty()) throw CLI::ExcludesError("--save", "--representation");
+            if (!arguments.net.empty()) throw CLI::ExtrasError({arguments.file});
+            // The design being away, the one word is the net.
+            arguments.net = std::move(arguments.file);
+            if (arguments.net.empty()) throw CLI::RequiredError("NET");
+            return;
+        }
+        if (arguments.file.empty()) throw CLI::RequiredError("FILE");
+        if (arguments.net.empty() && arguments.save.empty()) throw CLI::RequiredError("NET");
+    });
 }
 
 void AddFind(CLI::App& program, FindArguments& arguments) {

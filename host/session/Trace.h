@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <session/Session.h>
+#include <session/TraceIndex.h>
 
 namespace fighost {
 
@@ -23,6 +24,7 @@ struct TracePort {
     std::string name;  ///< of the port
     TracePlace place;
     std::vector<TracePlace> leadsTo;  ///< where the port shows on other sheets, in their order
+    bool operator==(TracePort const&) const = default;
 };
 
 struct TraceSheet {
@@ -32,6 +34,7 @@ struct TraceSheet {
     bool reachedByPort = false;
     std::vector<TracePort> ports;
     std::vector<std::string> pins;  ///< "REFERENCE:PIN", each once, sorted
+    bool operator==(TraceSheet const&) const = default;
 };
 
 struct NetTrace {
@@ -39,10 +42,14 @@ struct NetTrace {
     /// In the order of the way: from the first sheet that shows the net wherever ports lead, then
     /// from the next one that no port led to.
     std::vector<TraceSheet> sheets;
+    bool operator==(NetTrace const&) const = default;
 };
 
-/// Follows the net of this name; nothing when the design has none. The ways between sheets are
-/// those of `figrep::SchematicRepresentation`. Cost: one walk of every figure.
+/// Follows the net of this name; nothing when the index has none. The ways between sheets and the
+/// grid locations are those of `figrep::SchematicRepresentation`, whether its details are live or
+/// read back, so a saved index answers as the design does.
+std::optional<NetTrace> TraceNet(TraceIndex const& index, std::string const& name);
+/// The same in an open design. Cost: one walk of every figure that shows the net.
 std::optional<NetTrace> TraceNet(Session const& session, std::string const& name);
 
 }  // namespace fighost

@@ -1,8 +1,23 @@
 #include <session/Trace.h>
 
+#include <figk/Design.h>
+#include <figk/SchematicKernel.h>
+#include <figk/Sheet.h>
+#include <figkernel/DesignBuilder.h>
+#include <figrep/Figure.h>
+#include <figrep/FigureSheetDeltaGenerator.h>
+#include <figrep/Format.h>
+#include <figrep/KernelToFigureFactory.h>
+#include <figrep/Port.h>
+#include <figrep/PortNode.h>
+#include <figrep/SchematicRepresentation.h>
 #include <gtest/gtest.h>
 #include <session/Inventory.h>
+#include <session/TraceIndex.h>
 #include <support/Corpus.h>
+#include <support/GeneratedDesign.h>
+#include <zvk/Depiction.h>
+
 #include <algorithm>
 #include <map>
 
@@ -45,8 +60,9 @@ std::vector<std::string> PinsOf(NetTrace const& trace) {
 
 // Every trace names the sheets and the pins that the list of nets has.
 void ExpectTracesAgreeWithNets(Session const& session, std::string const& what) {
+    TraceIndex const index = IndexNets(session);
     for (NetEntry const& net : ListNets(session)) {
-        auto const trace = TraceNet(session, net.name);
+        auto const trace = TraceNet(index, net.name);
         ASSERT_TRUE(trace) << what << " " << net.name;
         std::vector<std::string> sheets = net.sheets;
         std::sort(sheets.begin(), sheets.end());
@@ -112,6 +128,150 @@ TEST(Trace, PowerGoesByNameAlone) {
     for (TraceSheet const& sheet : trace->sheets) {
         EXPECT_FALSE(sheet.reachedByPort) << sheet.path;
     }
+}
+
+TEST(Trace, MovedFormatStillNamesTheKernelsCell) {
+    auto const session = OpenExample();
+    ASSERT_TRUE(session);
+    auto const placeOfPort = [&] {
+        auto const trace = TraceNet(*session, "UART_TX");
+        return trace && !trace->sheets.empty() ? trace->sheets[0].ports.at(0).place : TracePlace();
+    };
+    TracePlace const before = placeOfPort();
+    ASSERT_FALSE(before.x.empty());
+    auto const figure = session->FindSheets(before.sheet).at(0)->figure;
+    // A column of the grid is nearly 50 mm wide: the port falls into the next one to the left.
+    double const column = figure->GetFormat()->GetWidth() / 6;
+    figure->MoveItem(figure->GetFormat(), column, 0);
+    TracePlace const moved = placeOfPort();
+    EXPECT_EQ(std::stoi(moved.x), std::stoi(before.x) - 1);
+    EXPECT_EQ(moved.y, before.y);
+}
+
+// What a file of traces answers with no design at hand.
+class LoadedTraces {
+public:
+    explicit LoadedTraces(std::string const& bytes) {
+        MemoryFiles files;
+        files.Add("saved", bytes);
+        ReadTracesResult read = ReadTraces(files, "saved");
+        EXPECT_FALSE(read.error) << read.error->ToString();
+        index = read.index.value_or(TraceIndex());
+    }
+    TraceIndex index;
+};
+
+// The traces of all nets, and the bytes of their file. The design is closed then.
+struct LiveTraces {
+    std::map<std::string, NetTrace> traces;
+    std::string bytes;
+    std::size_t onSeveralSheets = 0;
+};
+
+LiveTraces TraceAll(std::string const& path) {
+    LiveTraces live;
+    auto const session = OpenDesign(path);
+    if (!session) return live;
+    TraceIndex const index = IndexNets(*session);
+    for (NetEntry const& net : ListNets(*session)) {
+        live.traces[net.name] = TraceNet(index, net.name).value_or(NetTrace());
+        live.onSeveralSheets += net.sheets.size() > 1 ? 1 : 0;
+    }
+    live.bytes = WriteTraces(index);
+    return live;
+}
+
+void ExpectSavedAnswersLikeLive(std::string const& path) {
+    LiveTraces const live = TraceAll(path);
+    LoadedTraces const saved(live.bytes);
+    EXPECT_EQ(saved.index.nets.size(), live.traces.size()) << path;
+    for (auto const& [net, trace] : live.traces) {
+        auto const again = TraceNet(saved.index, net);
+        ASSERT_TRUE(again) << path << " " << net;
+        EXPECT_TRUE(*again == trace) << path << " " << net;
+    }
+    EXPECT_EQ(WriteTraces(saved.index), live.bytes) << path << ": byte for byte";
+}
+
+TEST(SavedTraces, AnswerLikeTheDesignAndAreWrittenAgainByteForByte) {
+    ExpectSavedAnswersLikeLive(FIGREP_SOURCE_DIR
+                               "/examples/weather-station/weather-station.kicad_sch");
+    EXPECT_GT(TraceAll(FIGREP_SOURCE_DIR "/examples/weather-station/weather-station.kicad_sch")
+                  .onSeveralSheets,
+              10u);
+}
+
+TEST(Trace, IndexOfOneNetIsThatOfAllNets) {
+    auto const session = OpenExample();
+    ASSERT_TRUE(session);
+    TraceIndex const all = IndexNets(*session);
+    for (auto const& [net, stops] : all.nets) {
+        TraceIndex const one = IndexNet(*session, net);
+        EXPECT_EQ(one.nets.size(), 1u) << net;
+        EXPECT_EQ(TraceNet(one, net), TraceNet(all, net)) << net;
+    }
+    EXPECT_TRUE(IndexNet(*session, "no such net").nets.empty());
+}
+
+TEST(SavedTraces, OfTheCorpusAnswerLikeTheDesigns) {
+    SKIP_WITHOUT_CORPUS();
+    for (std::string const& root : corpus::RootSheets())
+        ExpectSavedAnswersLikeLive(root);
+}
+
+TEST(SavedTraces, OfGeneratedDesignsKeepTheRecordByteForByte) {
+    for (std::uint64_t seed = 1; seed <= 5; ++seed) {
+        figrep::test::GridOptions options;
+        options.seed = seed;
+        options.sheets = 3;
+        options.segments = 600;
+        options.graphics = false;
+        auto const design = figkernel::Build(figrep::test::GenerateGrid(options),
+                                             figk::SchematicKernel::GetKernelLock())
+                                .design;
+        auto const record = figrep::SchematicRepresentation::GetSingleton();
+        zvk::depiction::SetRunningDepict(true);
+        for (auto const& sheet : design->GetSheets()) {
+            figrep::KernelToFigureFactory factory;
+            auto const figure = factory.CreateFigure();
+            figrep::FigureSheetDeltaGenerator generator(sheet);
+            figure->GenerateDeltas(generator);
+            figure->ApplyDeltas(false);
+            record->AddActiveFigure(figure, sheet->GetId());
+            for (auto const& port : figure->GetPorts()) {
+                for (auto const& node : port->GetPortNodes())
+                    record->PortNodeAddFigureDetail(node, figure);
+            }
+        }
+        zvk::depiction::SetRunningDepict(false);
+        std::string const bytes = WriteTraces({});
+        EXPECT_NE(bytes.find("sch_net_names"), std::string::npos) << "no bus went off a sheet";
+        LoadedTraces const saved(bytes);
+        EXPECT_EQ(WriteTraces(saved.index), bytes) << seed;
+        record->ResetMap();
+    }
+}
+
+TEST(SavedTraces, DamagedFilesAreToldAndLeaveTheRecord) {
+    auto const session = OpenExample();
+    ASSERT_TRUE(session);
+    std::string const bytes = WriteTraces(IndexNets(*session));
+    auto const errorOf = [](std::string const& text) {
+        MemoryFiles files;
+        files.Add("saved", text);
+        auto const read = ReadTraces(files, "saved");
+        return read.error ? read.error->ToString() : std::string();
+    };
+    EXPECT_EQ(errorOf(bytes.substr(0, bytes.size() / 2)).rfind("saved:", 0), 0u);
+    EXPECT_NE(errorOf("<other/>"), "");
+    EXPECT_NE(errorOf(""), "");
+    std::string newer = bytes;
+    std::size_t const version = newer.find('1', newer.find("version", newer.find("<int")));
+    newer.replace(version, 1, "9");
+    EXPECT_NE(errorOf(newer).find("unknown version 9"), std::string::npos);
+    MemoryFiles none;
+    EXPECT_EQ(ReadTraces(none, "gone").error->ToString(), "gone: There is no such file");
+    EXPECT_EQ(WriteTraces(IndexNets(*session)), bytes);
 }
 
 TEST(Trace, EveryNetOfTheCorpusIsTracedThroughTheSheetsThatShowIt) {

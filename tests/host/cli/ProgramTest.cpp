@@ -297,6 +297,25 @@ TEST(Program, TraceTellsTheWayOfANetInWordsAndAsJson) {
         EXPECT_TRUE(trace.at("sheets")[0].contains(key)) << key;
 }
 
+TEST(Program, TraceAnswersTheSameFromWhatItSaved) {
+    TemporaryFolder folder;
+    std::string const saved = folder.Path("ways.xml");
+    Outcome const written = Figrep({"trace", EXAMPLE, "--save", saved});
+    EXPECT_EQ(written.code, 0) << written.err;
+    EXPECT_EQ(written.out, "");
+    for (std::string const net : {"UART_TX", "/D3", "GND"}) {
+        Outcome const live = Figrep({"trace", EXAMPLE, net, "--json"});
+        Outcome const read = Figrep({"trace", "--representation", saved, net, "--json"});
+        EXPECT_EQ(read.code, 0) << read.err;
+        EXPECT_EQ(read.out, live.out) << net;
+    }
+    EXPECT_EQ(Figrep({"trace", "--representation", saved, "no such net"}).code, 1);
+    EXPECT_EQ(Figrep({"trace", "--representation", saved}).code, 1);
+    EXPECT_EQ(Figrep({"trace", EXAMPLE}).code, 1);
+    EXPECT_EQ(Figrep({"trace", "--representation", folder.Path("gone"), "GND"}).code, 3);
+    EXPECT_EQ(Figrep({"trace", EXAMPLE, "--save", folder.Path("no/folder")}).code, 4);
+}
+
 TEST(EmbeddingExample, PaintsItsTwoParts) {
     Outcome const outcome = RunProgram("embedding", {});
     ASSERT_EQ(outcome.code, 0) << outcome.err;
