@@ -97,6 +97,8 @@ dg::Color ColorOf(Role role) {
             return Rgb(132, 0, 0);
         case Role::MISSING:
             return Rgb(230, 0, 80);
+        case Role::COUNT:
+            break;
     }
     return Rgb(0, 0, 0);
 }
@@ -105,31 +107,35 @@ dg::Color BodyFillColor() {
     return Rgb(255, 255, 194);
 }
 
-figkernel::SourceIndex Looks::Make(dg::Color const& color, double width, Stroke::Type type) {
+figkernel::SourceIndex Looks::Make(Role role, std::optional<dg::Color> const& chosen, double width,
+                                   Stroke::Type type) {
     using figk::Setting;
     using LineValue = figk::SettingValue<du::ConstSmartPtr<zv2d::LineAttributes>>;
-    Key const key{color.r, color.g, color.b, color.a, width, type};
+    dg::Color const color = chosen ? *chosen : ColorOf(role);
+    Key const key{role, chosen.has_value(), color.r, color.g, color.b, color.a, width, type};
     auto const found = known.find(key);
     if (found != known.end()) return found->second;
-    figkernel::SettingSetSource set(1);
+    figkernel::SettingSetSource set(2);
     set[0].key = Setting::KEY_COLOR;
-    set[0].level = Setting::LEVEL_BASE;
+    set[0].level = chosen ? Setting::LEVEL_BASE : Setting::LEVEL_DEFAULT;
     set[0].value = new figk::SettingValue<dg::Color>(color);
+    set[1].key = KEY_ROLE;
+    set[1].level = Setting::LEVEL_DEFAULT;
+    set[1].value = new figk::SettingValue<float>(static_cast<float>(role));
     if (width > 0) {
-        set.push_back(set[0]);
-        set[1].key = Setting::KEY_LINE_ATTRIBUTES;
-        set[1].value = new LineValue(MakeLine(width, type));
+        set.push_back({Setting::KEY_LINE_ATTRIBUTES, Setting::LEVEL_BASE,
+                       new LineValue(MakeLine(width, type))});
     }
     return known.emplace(key, design.AddSettings(std::move(set))).first->second;
 }
 
 figkernel::SourceIndex Looks::Colored(Role role, std::optional<dg::Color> const& chosen) {
-    return Make(chosen ? *chosen : ColorOf(role), 0, Stroke::DEFAULT);
+    return Make(role, chosen, 0, Stroke::DEFAULT);
 }
 
 figkernel::SourceIndex Looks::Lined(Role role, Stroke const& stroke) {
     double const width = WidthOf(stroke, role == Role::BUS ? BUS_WIDTH : LINE_WIDTH);
-    return Make(stroke.color ? *stroke.color : ColorOf(role), width, stroke.type);
+    return Make(role, stroke.color, width, stroke.type);
 }
 
 du::ConstSmartPtr<zv2d::Attributes> LineAttributesOf(Stroke const& stroke, double otherwise) {

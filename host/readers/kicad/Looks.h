@@ -7,37 +7,11 @@
 
 #include <attrs/FillAttr.h>
 #include <figkernel/DesignSource.h>
+#include <readers/Role.h>
 #include <readers/kicad/SheetFile.h>
 #include <zv2d/Attributes.h>
 
 namespace fighost::kicad {
-
-/// What a drawn thing is.
-enum class Role {
-    WIRE,
-    BUS,
-    BODY,
-    PIN,
-    PIN_NAME,
-    PIN_NUMBER,
-    REFERENCE,
-    VALUE,
-    FIELD,
-    LABEL,
-    GLOBAL_LABEL,
-    HIERARCHICAL_LABEL,
-    FLAG,
-    NO_CONNECT,
-    NOTE,
-    SHEET,
-    SHEET_NAME,
-    SHEET_FILE,
-    SHEET_PIN,
-    RULE_AREA,
-    DNP,
-    FRAME,
-    MISSING,
-};
 
 inline constexpr double LINE_WIDTH = 0.1524;     // mm, of wires and shapes
 inline constexpr double BUS_WIDTH = 0.3048;      // mm
@@ -49,20 +23,22 @@ dg::Color ColorOf(Role role);
 /// What fills the bodies of symbols.
 dg::Color BodyFillColor();
 
-/// Settings of a design, each made once and shared.
+/// Settings of a design, each made once and shared. All of them name the role, and tell by the
+/// level of the colour whether the file chose it.
 class Looks {
 public:
     explicit Looks(figkernel::DesignSource& source) : design(source) {}
 
-    /// The colour alone: for shapes and texts, which bring their own widths.
+    /// The role and the colour: for shapes and texts, which bring their own widths.
     figkernel::SourceIndex Colored(Role role, std::optional<dg::Color> const& chosen = {});
-    /// Colour, width and dashes: for wires and buses.
+    /// The same with width and dashes: for wires and buses.
     figkernel::SourceIndex Lined(Role role, Stroke const& stroke);
 
 private:
-    using Key = std::tuple<float, float, float, float, double, int>;
+    using Key = std::tuple<Role, bool, float, float, float, float, double, int>;
 
-    figkernel::SourceIndex Make(dg::Color const& color, double width, Stroke::Type type);
+    figkernel::SourceIndex Make(Role role, std::optional<dg::Color> const& chosen, double width,
+                                Stroke::Type type);
 
     figkernel::DesignSource& design;
     std::map<Key, figkernel::SourceIndex> known;

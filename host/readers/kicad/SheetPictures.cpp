@@ -190,7 +190,6 @@ figkernel::BlockSource SheetPictures::MakeSheetBlock(std::size_t number) {
     figkernel::BlockSource block;
     block.id = symbol.uuid;
     block.name = Unescape(Expand(symbol.GetName()));
-    block.settings = looks.Colored(Role::SHEET, symbol.stroke.color);
     Shape box;
     box.kind = Shape::RECTANGLE;
     box.points = {symbol.at, symbol.at + symbol.size};
@@ -198,7 +197,8 @@ figkernel::BlockSource SheetPictures::MakeSheetBlock(std::size_t number) {
     box.fill = symbol.fill;
     std::vector<EntityPtr> outline;
     AppendShape(box, frame, outline);
-    block.graphics.graphics.push_back(Graphic("", "sheet", outline, block.settings));
+    block.graphics.graphics.push_back(
+        Graphic("", "sheet", outline, looks.Colored(Role::SHEET, symbol.stroke.color)));
     std::string const& reason = hierarchy.sheets[sheet].missing[number];
     if (!reason.empty()) MarkMissing(symbol, reason, block);
     for (Property const& property : symbol.properties) {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 #include <readers/kicad/Texts.h>
 #include <readers/kicad/Variables.h>
@@ -30,6 +31,17 @@ dg::DMat33 MatrixOf(ResolvedSymbol const& symbol, Frame const& frame) {
 bool IsBodyFill(Shape const& shape) {
     return shape.fill.type == Fill::BACKGROUND;
 }
+
+std::optional<dg::Color> SolidFillOf(Shape const& shape) {
+    return shape.fill.type == Fill::COLOR ? shape.fill.color : std::nullopt;
+}
+
+/// What all shapes of a layer have in common, so that settings can recolour lines and fill.
+struct LayerKey {
+    figkernel::SourceIndex settings;
+    std::optional<dg::Color> fill;
+    bool operator==(LayerKey const&) const = default;
+};
 
 /// Which way a pin runs in the figure, as a unit vector.
 dg::DVec2 DirectionOf(ResolvedSymbol const& symbol, LibraryPin const& pin) {
@@ -77,17 +89,18 @@ Stand StandOfField(Property const& property, Orientation const& orientation, Fra
 }
 
 void SymbolPictures::AddShapes(ResolvedSymbol const& symbol, bool withBodyFill, Body& body) {
-    std::map<figkernel::SourceIndex, du::SmartPtr<zv2d::Definition>> byColor;
-    std::vector<figkernel::SourceIndex> order;
+    std::optional<LayerKey> current;
+    du::SmartPtr<zv2d::Definition> definition;
     for (LibraryUnit const* unit : symbol.units) {
         for (Shape const& shape : unit->shapes) {
             if (shape.kind == Shape::TEXT) continue;
             if (IsBodyFill(shape) != withBodyFill) continue;
             auto const settings = looks.Colored(Role::BODY, shape.stroke.color);
-            auto& definition = byColor[settings];
-            if (!definition) {
+            LayerKey const key{settings, SolidFillOf(shape)};
+            if (current != key) {
                 definition = new zv2d::Definition;
-                order.push_back(settings);
+                body.layers.push_back({settings, definition});
+                current = key;
             }
             std::vector<EntityPtr> entities;
             AppendShape(shape, LIBRARY_FRAME, entities);
@@ -95,8 +108,6 @@ void SymbolPictures::AddShapes(ResolvedSymbol const& symbol, bool withBodyFill, 
                 definition->Add(entity);
         }
     }
-    for (auto const settings : order)
-        body.layers.push_back({settings, byColor[settings]});
 }
 
 SymbolPictures::Body const& SymbolPictures::BodyOf(ResolvedSymbol const& symbol) {
@@ -277,7 +288,6 @@ figkernel::BlockSource SymbolPictures::MakeBlock(SheetGraph const& sheet, std::s
     block.id = symbol.placed->uuid;
     if (symbol.unitCount > 1) block.id += "." + hierarchy.project.UnitName(symbol.unit);
     block.name = symbol.reference;
-    block.settings = looks.Colored(Role::BODY);
     if (symbol.shown) {
         DrawBody(symbol, frame, block);
     } else {

@@ -38,7 +38,6 @@ double DegreesOf(TextSource const& source) {
 dg::Color ColorIn(figkernel::DesignSource const& design, figkernel::SourceIndex settings) {
     for (auto const& setting : design.settingSets.at(settings)) {
         if (setting.key != figk::Setting::KEY_COLOR) continue;
-        EXPECT_EQ(setting.level, figk::Setting::LEVEL_BASE);
         return dynamic_cast<figk::SettingValue<dg::Color> const&>(*setting.value).value;
     }
     ADD_FAILURE() << "no colour";
@@ -249,8 +248,8 @@ TEST(Wires, AreInMillimetresWithYUpward) {
 }
 
 TEST(Wires, HaveTheColourOfTheirKindUnlessTheFileGivesOne) {
+    using fighost::Role;
     using fighost::kicad::ColorOf;
-    using fighost::kicad::Role;
     auto const result = Read(
         File(Wire(0, 0, 1, 0) + Bus(0, 5, 1, 5) +
              "(wire (pts (xy 0 9) (xy 1 9)) (stroke (width 0.5) (type dash) (color 255 0 0 1)))"));
@@ -259,6 +258,33 @@ TEST(Wires, HaveTheColourOfTheirKindUnlessTheFileGivesOne) {
     EXPECT_EQ(ColorIn(result.design, sheet.buses[0].settings), ColorOf(Role::BUS));
     EXPECT_EQ(ColorIn(result.design, sheet.wires[1].settings), (dg::Color{1, 0, 0, 1}));
     EXPECT_NE(sheet.wires[0].settings, sheet.wires[1].settings);
+}
+
+TEST(Looks, TellTheRoleAndWhetherTheFileChoseTheColour) {
+    using fighost::Role;
+    figkernel::DesignSource design;
+    fighost::kicad::Looks looks(design);
+    dg::Color const wire = fighost::kicad::ColorOf(Role::WIRE);
+    auto const plain = looks.Colored(Role::WIRE);
+    auto const chosen = looks.Colored(Role::WIRE, wire);
+    auto const pin = looks.Colored(Role::PIN, wire);
+    EXPECT_EQ(plain, looks.Colored(Role::WIRE)) << "equal looks are shared";
+    EXPECT_NE(plain, chosen) << "the same colour, but chosen";
+    EXPECT_NE(chosen, pin) << "the same colour in another role";
+    auto const levelOf = [&](figkernel::SourceIndex set, int key) {
+        for (auto const& setting : design.settingSets.at(set)) {
+            if (setting.key == key) return setting.level;
+        }
+        return -1;
+    };
+    EXPECT_EQ(levelOf(plain, figk::Setting::KEY_COLOR), figk::Setting::LEVEL_DEFAULT);
+    EXPECT_EQ(levelOf(chosen, figk::Setting::KEY_COLOR), figk::Setting::LEVEL_BASE);
+    for (auto const& setting : design.settingSets.at(pin)) {
+        if (setting.key != fighost::KEY_ROLE) continue;
+        EXPECT_EQ(dynamic_cast<figk::SettingValue<float> const&>(*setting.value).value,
+                  static_cast<float>(Role::PIN));
+    }
+    EXPECT_EQ(levelOf(pin, fighost::KEY_ROLE), figk::Setting::LEVEL_DEFAULT);
 }
 
 TEST(Labels, LocalOnesAreTextsAtTheirWire) {
