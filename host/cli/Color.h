@@ -8,12 +8,14 @@
 
 namespace fighost {
 
-struct BackgroundColor {
-    dg::Color color = dg::Color::WHITE;
-    bool transparent = false;
-};
+/// How colours can be written, for messages.
+inline constexpr char const* COLOR_FORMS =
+    "a common name such as white, black, gray, red, green or blue, #rgb or #rrggbb";
 
-/// "none", a few colour names, "#rgb" or "#rrggbb"; nothing for other text.
-std::optional<BackgroundColor> ParseBackground(std::string_view text);
+/// A name, "#rgb" or "#rrggbb"; nothing for other text.
+std::optional<dg::Color> ParseColor(std::string_view text);
+
+/// The same, or "none" and "transparent", which have opacity 0.
+std::optional<dg::Color> ParseBackground(std::string_view text);
 
 }  // namespace fighost

@@ -18,11 +18,14 @@ struct CommonArguments {
 
 struct RenderArguments : CommonArguments {
     std::string output;
-    std::string format;  ///< "svg", "png" or "pdf"; empty: by the extension of the output
-    std::string sheet;   ///< name or path; empty for all
-    double dpi = 150;    ///< of PNG
-    unsigned size = 0;   ///< width of PNG in pixels; 0: by `dpi`
-    std::string background = "white";
+    std::string format;      ///< "svg", "png" or "pdf"; empty: by the extension of the output
+    std::string sheet;       ///< name or path; empty for all
+    double dpi = 150;        ///< of PNG
+    unsigned size = 0;       ///< width of PNG in pixels; 0: by `dpi`
+    std::string theme;       ///< "light", "dark" or "print"; empty: by the background
+    std::string background;  ///< empty for the theme's
+    bool noFrame = false;
+    std::vector<std::string> highlights;  ///< "NET" or "NET=COLOR"
     std::string crossings = "arc";
     std::vector<std::string> hide;     ///< names of items, nets or ports
     std::vector<std::string> isolate;  ///< the same

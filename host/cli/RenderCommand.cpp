@@ -1,7 +1,9 @@
 #include <cli/Color.h>
 #include <cli/Commands.h>
+#include <cli/RenderHighlights.h>
 #include <cli/RenderJob.h>
 #include <cli/SavedFile.h>
+#include <session/Contrast.h>
 #include <session/ShowHide.h>
 #include <memory>
 #include <optional>
@@ -26,6 +28,13 @@ std::vector<SessionSheet const*> SheetsFor(RenderArguments const& arguments,
     return sheets;
 }
 
+Theme ThemeOf(std::string const& name, std::optional<dg::Color> const& ground) {
+    if (name == "print") return Theme::PRINT;
+    if (name == "dark") return Theme::DARK;
+    bool const isDark = name.empty() && ground && ground->a > 0 && IsDark(*ground);
+    return isDark ? Theme::DARK : Theme::LIGHT;
+}
+
 ExitCode Refuse(std::string const& problem) {
     PrintMessage("render: " + problem);
     return EXIT_WRONG_USAGE;
@@ -39,18 +48,22 @@ ExitCode Render(RenderArguments const& arguments) {
         return Refuse("can't tell the format from '" + arguments.output +
                       "'; end it in .svg, .png or .pdf, or say --format");
     }
-    std::optional<BackgroundColor> const background = ParseBackground(arguments.background);
-    if (!background) return Refuse("unknown colour '" + arguments.background + "'");
+    std::optional<dg::Color> const ground = ParseBackground(arguments.background);
+    if (!ground && !arguments.background.empty()) {
+        return Refuse("unknown colour '" + arguments.background + "'; write none, " + COLOR_FORMS);
+    }
     SessionOptions options;
+    options.look = {ThemeOf(arguments.theme, ground), ground, !arguments.noFrame};
     options.crossings = CrossingStyle(arguments.crossings);
     options.saved = arguments.saved;
     std::unique_ptr<Session> const session = OpenSession(arguments, options);
     if (!session) return EXIT_UNREADABLE_INPUT;
     TellLostChanges(arguments, arguments.saved, *session);
-    RenderJob const job{arguments, *session, SheetsFor(arguments, *session), *background, format};
+    RenderJob const job{arguments, *session, SheetsFor(arguments, *session), format};
     std::string const problem = ProblemOf(job);
     if (!problem.empty()) return Refuse(problem);
-    auto const unknown = ShowOnly(*session, {arguments.isolate, arguments.hide});
+    auto unknown = ShowOnly(*session, {arguments.isolate, arguments.hide});
+    if (!unknown) unknown = Highlight(*session, arguments.highlights, options.look.theme);
     return unknown ? Refuse(*unknown) : PaintAll(job);
 }
 

@@ -19,8 +19,6 @@ bool EndsWith(std::string const& text, std::string const& end) {
 
 PaintOptions OptionsFor(RenderJob const& job, SessionSheet const& sheet) {
     PaintOptions options;
-    options.paintBackground = !job.background.transparent;
-    if (!job.background.transparent) options.background = job.background.color;
     options.title = job.session.GetDesignName() + " " + sheet.path;
     return options;
 }

@@ -1,7 +1,6 @@
 // Paints the sheets of one run of `render` and writes the pictures.
 #pragma once
 
-#include <cli/Color.h>
 #include <cli/Commands.h>
 #include <cli/ExitCode.h>
 #include <string>
@@ -21,7 +20,6 @@ struct RenderJob {
     RenderArguments const& arguments;
     Session const& session;
     std::vector<SessionSheet const*> sheets;
-    BackgroundColor background;
     PictureFormat format;
 };
 

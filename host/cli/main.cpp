@@ -40,9 +40,16 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
         ->check(CLI::Range(1U, 30000U));
     command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to paint");
     command
-        .add_option("--background", arguments.background,
-                    "none, white, black, gray, ivory, #rgb or #rrggbb")
-        ->capture_default_str();
+        .add_option("--theme", arguments.theme,
+                    "light, dark or print; without it light, or dark where --background is")
+        ->check(CLI::IsMember({"light", "dark", "print"}));
+    command.add_option("--background", arguments.background,
+                       "in place of the theme's: none, a common colour's name, #rgb or #rrggbb");
+    command
+        .add_option("--highlight", arguments.highlights,
+                    "NET or NET=COLOR: make a net stand out on all sheets; may be repeated")
+        ->allow_extra_args(false);
+    command.add_flag("--no-frame", arguments.noFrame, "leave out frame and title block");
     command
         .add_option("--crossings", arguments.crossings,
                     "what wires show where they cross without connecting")

@@ -55,6 +55,18 @@ bool Shows(Paint const& paint) {
     return paint.fill.filled || paint.stroke.width > 0;
 }
 
+bool Replaces(attrs::FillAttr const* chosen, attrs::FillAttr const& own) {
+    if (!chosen || chosen->GetKind() == attrs::FillAttr::NONE) return false;
+    return chosen->GetKind() != attrs::FillAttr::BODY || own.GetKind() == attrs::FillAttr::BODY;
+}
+
+dg::Color FillColor(attrs::FillAttr const& own, GraphicLook const& look) {
+    if (own.GetKind() == attrs::FillAttr::OUTLINE) return look.color;
+    if (look.ground && own.GetKind() == attrs::FillAttr::BODY) return *look.ground;
+    attrs::FillAttr const& fill = Replaces(look.fill.Get(), own) ? *look.fill : own;
+    return fill.GetKind() == attrs::FillAttr::OUTLINE ? look.color : fill.GetColor();
+}
+
 template <typename Alignment>
 Alignment Opposite(Alignment alignment) {
     return static_cast<Alignment>(2 - static_cast<int>(alignment));
@@ -117,9 +129,8 @@ fighost::Fill EntityPainter::FillOf(zv2d::Attributes const* own) const {
     else if (instanceAttributes_)
         fill = instanceAttributes_->GetFillAttr().Get();
     if (!fill || fill->GetKind() == attrs::FillAttr::NONE) return {};
-    if (look_->fill && look_->fill->GetKind() != attrs::FillAttr::NONE) fill = look_->fill.Get();
-    bool const asOutline = fill->GetKind() == attrs::FillAttr::OUTLINE;
-    return {true, asOutline ? look_->color : fill->GetColor()};
+    dg::Color const color = FillColor(*fill, *look_);
+    return {color.a > 0, color};
 }
 
 fighost::Paint EntityPainter::PaintOf(zv2d::Entity const& entity) const {

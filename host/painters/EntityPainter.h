@@ -22,9 +22,12 @@ inline constexpr double HAIRLINE = 0.1524;
 struct GraphicLook {
     dg::Color color;                               ///< of lines and texts
     du::ConstSmartPtr<zv2d::LineAttributes> line;  ///< may be null
-    du::ConstSmartPtr<attrs::FillAttr>
-        fill;         ///< replaces the colour of what is filled; may be null
-    double halo = 0;  ///< added to line widths
+    /// What fills areas in place of their own colour; may be null, and of kind `NONE` it replaces
+    /// nothing. Of kind `BODY` it fills bodies only. What is filled in the colour of its outline
+    /// stays so: its fill is part of the drawing, as the dot on a junction.
+    du::ConstSmartPtr<attrs::FillAttr> fill;
+    std::optional<dg::Color> ground;  ///< fills bodies in place of everything else
+    double halo = 0;                  ///< added to line widths
 };
 
 /// Which part of an entity is painted. Bodies are what looks like a background; an item with
@@ -38,7 +41,8 @@ bool IsBody(zv2d::Entity const& entity);
 ///
 /// Line widths and patterns: the entity's own where they count, else the instance's, else the
 /// graphic's, else a hairline. A width of 0 is a hairline too, but a filled entity whose own width
-/// is 0 has no outline. Filled is what has a fill of its own or of its instance.
+/// is 0 has no outline. Filled is what has a fill of its own or of its instance, unless the fill's
+/// colour can't be seen.
 class EntityPainter : private zv2d::EntityVisitor {
 public:
     explicit EntityPainter(Painter& painter) : painter_(painter) {}

@@ -13,6 +13,7 @@
 #include <figrep/GraphicGroup.h>
 #include <figrep/NetSegment.h>
 #include <figrep/PortNode.h>
+#include <figrep/Setting.h>
 #include <figrep/SubNet.h>
 #include <figrep/TextGraphic.h>
 #include <figrep/TextLabelContainer.h>
@@ -36,8 +37,9 @@ using figrep::AbstractFigureItem;
 using figrep::BaseGraphic;
 using figrep::SmartPtr;
 
-constexpr double MARGIN = 5.0;          // around content without a frame, in millimetres
-constexpr double HIGHLIGHT_HALO = 0.3;  // added to the lines of highlighted items
+constexpr double MARGIN = 5.0;                    // around content without a frame, in millimetres
+constexpr double HIGHLIGHT_HALO = 0.3;            // added to the lines of highlighted items
+constexpr dg::Color HIGHLIGHT{0.9F, 0.1F, 0.6F};  // where no setting says another
 
 // From the back to the front: filled shapes that stand free, such as coloured areas, must not hide
 // items, and items must not hide free texts.
@@ -140,13 +142,13 @@ private:
 
 class GraphicPainter {
 public:
-    GraphicPainter(Painter& painter, PaintOptions const& options)
-        : painter_(painter), entities_(painter), options_(options) {}
+    GraphicPainter(Painter& painter, PaintOptions const& options, dg::Color const& background)
+        : painter_(painter), entities_(painter), options_(options), background_(background) {}
 
     void Paint(Entry const& entry) {
         begun_ = false;
         for (auto const& graphic : entry.graphics)
-            graphic->UpdateRenderInfoBase();
+            UpdateRenderInfo(*graphic);
         if (HasBodyBehindOther(entry)) {
             PaintGraphics(entry, PaintPass::BODIES);
             PaintGraphics(entry, PaintPass::ALL_BUT_BODIES);
@@ -157,6 +159,14 @@ public:
     }
 
 private:
+    // A draw state takes the colour of the ground only when it knows already that it is filled with
+    // it.
+    static void UpdateRenderInfo(BaseGraphic& graphic) {
+        bool const knew = graphic.GetRenderInfo().GetFillBackground();
+        graphic.UpdateRenderInfoBase();
+        if (!knew && graphic.GetFillBackground()) graphic.UpdateRenderInfoBase();
+    }
+
     static bool HasBodyBehindOther(Entry const& entry) {
         bool isFirst = true;
         for (auto const& graphic : entry.graphics) {
@@ -183,11 +193,12 @@ private:
         if (!info.IsVisible() || !info.GetZv2dGraphics()) return;
         Begin(entry, graphic);
         GraphicLook look;
-        look.color = info.GetDisplayColor(options_.background);
+        look.color = info.GetDisplayColor(background_);
         look.line = info.GetLineAttributes();
         look.fill = info.GetFillAttributes();
+        if (info.GetFillBackground()) look.ground = info.GetBackgroundColor();
         if (IsHighlighted(graphic)) {
-            look.color = options_.highlight;
+            look.color = HighlightOf(graphic);
             look.halo = HIGHLIGHT_HALO;
         }
         for (auto const& instance : info.GetZv2dGraphics()->GetInstances()) {
@@ -197,6 +208,15 @@ private:
 
     static bool IsHighlighted(BaseGraphic const& graphic) {
         return graphic.GetHighlight() || graphic.GetPreselectHighlight();
+    }
+
+    static dg::Color HighlightOf(BaseGraphic const& graphic) {
+        using figrep::Setting;
+        dg::Color color = HIGHLIGHT;
+        graphic.GetColorSetting(graphic.GetHighlight() ? Setting::SELECTION_HIGHLIGHT_COLOR
+                                                       : Setting::PRESELECTION_HIGHLIGHT_COLOR,
+                                color);
+        return color;
     }
 
     void Begin(Entry const& entry, BaseGraphic const& graphic) {
@@ -223,6 +243,7 @@ private:
     Painter& painter_;
     EntityPainter entities_;
     PaintOptions const& options_;
+    dg::Color background_;
     bool begun_ = false;
 };
 
@@ -247,8 +268,8 @@ void PaintFigure(SmartPtr<figrep::Figure> const& figure, Painter& painter,
                  PaintOptions const& options) {
     PaintedSheet sheet;
     sheet.box = options.box ? *options.box : PictureBox(figure);
-    sheet.background = options.background;
-    sheet.paintBackground = options.paintBackground;
+    if (figure) figure->GetColorSetting(figrep::Setting::BACKGROUND_COLOR, sheet.background);
+    sheet.paintBackground = sheet.background.a > 0;
     sheet.title = options.title;
     sheet.anchor = options.anchor;
     sheet.depth = options.depth;
@@ -257,7 +278,7 @@ void PaintFigure(SmartPtr<figrep::Figure> const& figure, Painter& painter,
         zvk::WriteGuard const guard(figure->GetLock());
         GraphicCollector collector;
         figure->Accept(collector);
-        GraphicPainter graphics(painter, options);
+        GraphicPainter graphics(painter, options, sheet.background);
         for (std::size_t layer = 0; layer < LAYER_COUNT; ++layer) {
             for (Entry const& entry : collector.GetLayer(layer))
                 graphics.Paint(entry);

@@ -35,7 +35,7 @@ struct Paint {
 /// The sheet as a whole. The box is what the picture shows.
 struct PaintedSheet {
     dg::DBox2D box;
-    dg::Color background;
+    dg::Color background = dg::Color::WHITE;
     bool paintBackground = true;
     std::string title;
     std::string anchor;     ///< what links to this sheet name; empty: nothing links here

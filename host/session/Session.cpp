@@ -214,6 +214,7 @@ void Session::AddSheet(SmartPtr<figk::Sheet> const& record, std::string const& p
         sheet.figure->GenerateDeltas(generator);
         sheet.figure->ApplyDeltas(false);
     }
+    ApplyLook(sheet.figure, options.look);
     figrep::SchematicRepresentation::GetSingleton()->AddActiveFigure(sheet.figure, record->GetId());
     sheets_.push_back(sheet);
 }

@@ -14,6 +14,7 @@
 #include <readers/Findings.h>
 #include <session/History.h>
 #include <session/SavedState.h>
+#include <session/SheetLook.h>
 
 namespace figkernel {
 struct DesignSource;
@@ -27,6 +28,7 @@ struct SessionOptions {
     /// A file of saved figures that the design's figures are made from; empty for none.
     std::string saved;
     bool savedMayBeMissing = false;  ///< a missing file of them is one without figures
+    SheetLook look;
 };
 
 /// A sheet of the open design.

@@ -7,6 +7,7 @@
 
 #include <attrs/FillAttr.h>
 #include <figrep/Format.h>
+#include <figrep/GenericGraphic.h>
 #include <figrep/TitleBlock.h>
 #include <figrep/TitleBlockTextSection.h>
 #include <painters/TextLayout.h>
@@ -157,7 +158,9 @@ void DrawFrame(SmartPtr<figrep::TitleBlock> const& block, Layout const& layout) 
         }
         top = bottom;
     }
-    AddTitleBlockShapes(block, entities, block->GetLineColor());
+    SmartPtr<figrep::GenericGraphic> const frame =
+        AddTitleBlockShapes(block, entities, block->GetLineColor());
+    frame->SetFillBackground(!(block->GetBackgroundColor().a > 0));
 }
 
 void DrawRow(SmartPtr<figrep::TitleBlock> const& block, Row const& row, double left, double top) {

@@ -39,12 +39,13 @@ std::wstring TitleBlockText(figrep::TitleBlockTextSection& section) {
     return du::Utf8ToWideStr(text);
 }
 
-void AddTitleBlockShapes(SmartPtr<figrep::TitleBlock> const& block,
-                         std::vector<du::ConstSmartPtr<zv2d::Entity>> const& entities,
-                         dg::Color const& color) {
+SmartPtr<figrep::GenericGraphic> AddTitleBlockShapes(
+    SmartPtr<figrep::TitleBlock> const& block,
+    std::vector<du::ConstSmartPtr<zv2d::Entity>> const& entities, dg::Color const& color) {
     SmartPtr<figrep::GenericGraphic> const graphic =
         figrep::GenericGraphic::Create(block->GetLock(), InstanceOf(entities), block);
     graphic->AddSetting(ColorSetting(color), false);
+    return graphic;
 }
 
 du::ConstSmartPtr<zv2d::Entity> MakeTitleBlockText(figrep::TitleBlockTextSection const& section,

@@ -15,10 +15,10 @@ namespace fighost {
 /// The section's text, tokens resolved.
 std::wstring TitleBlockText(figrep::TitleBlockTextSection& section);
 
-/// Adds a picture to the block's graphics.
-void AddTitleBlockShapes(figrep::SmartPtr<figrep::TitleBlock> const& block,
-                         std::vector<du::ConstSmartPtr<zv2d::Entity>> const& entities,
-                         dg::Color const& color);
+/// Adds a picture to the block's graphics and answers it.
+figrep::SmartPtr<figrep::GenericGraphic> AddTitleBlockShapes(
+    figrep::SmartPtr<figrep::TitleBlock> const& block,
+    std::vector<du::ConstSmartPtr<zv2d::Entity>> const& entities, dg::Color const& color);
 
 /// A text in the look of the section, at the origin; `height` in mm.
 du::ConstSmartPtr<zv2d::Entity> MakeTitleBlockText(figrep::TitleBlockTextSection const& section,

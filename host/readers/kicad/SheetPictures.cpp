@@ -301,7 +301,7 @@ figkernel::TitleBlockSource SheetPictures::MakeTitleBlock() const {
     block.minWidth = 108;
     block.lineColor = ColorOf(Role::FRAME);
     block.lineWeight = FRAME_WIDTH;
-    block.backgroundColor = dg::Color{1, 1, 1, 1};
+    block.backgroundColor = dg::Color{1, 1, 1, 0};  // that of the sheet
     auto const add = [&](std::string const& text, bool bold = false) {
         figkernel::TitleBlockSectionSource section;
         section.id = static_cast<unsigned>(block.sections.size() + 1);

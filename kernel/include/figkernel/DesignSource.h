@@ -234,7 +234,7 @@ struct TitleBlockSource {
     double minHeight = 0;
     dg::Color lineColor;
     double lineWeight = 0;
-    dg::Color backgroundColor;
+    dg::Color backgroundColor;  ///< opacity 0: that of the sheet
     std::vector<TitleBlockSectionSource> sections;
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
+#include <set>
 
 namespace fighost::test {
 namespace {
@@ -44,6 +45,9 @@ TEST(Program, WrongUsageExitsWithOneAndPrintsNoData) {
           {"render", EXAMPLE, "-o", "x.bmp"},
           {"render", EXAMPLE, "-o", "x.svg", "--crossings", "y"},
           {"render", EXAMPLE, "-o", "-", "--background", "blurple"},
+          {"render", EXAMPLE, "-o", "-", "--sheet", "/", "--theme", "sepia"},
+          {"render", EXAMPLE, "-o", "-", "--sheet", "/", "--highlight", "no such net"},
+          {"render", EXAMPLE, "-o", "-", "--sheet", "/", "--highlight", "/SDA=blurple"},
           {"render", EXAMPLE, "-o", "-", "--sheet", "no such sheet"}}) {
         Outcome const outcome = Figrep(arguments);
         EXPECT_EQ(outcome.code, 1) << testing::PrintToString(arguments);
@@ -108,6 +112,78 @@ TEST(Program, EverySheetBecomesAWellFormedPicture) {
         EXPECT_EQ(document.mistake, "") << file;
         EXPECT_TRUE(document.HasUniqueIds()) << file;
     }
+}
+
+XmlDocument PictureOf(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"render", EXAMPLE, "--sheet", "Controller", "-o", "-"});
+    Outcome const outcome = Figrep(arguments);
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    return CheckXml(outcome.out);
+}
+
+std::string GroundOf(XmlDocument const& document) {
+    for (XmlElement const& rectangle : document.Named("rect")) {
+        if (rectangle.attributes.count("class")) return rectangle.attributes.at("fill");
+    }
+    return "none";
+}
+
+TEST(Program, ThemeAndBackgroundChooseTheGround) {
+    EXPECT_EQ(GroundOf(PictureOf({})), "#ffffff");
+    EXPECT_EQ(GroundOf(PictureOf({"--theme", "dark"})), "#1b212c");
+    EXPECT_EQ(GroundOf(PictureOf({"--theme", "print", "--background", "ivory"})), "#fffff0");
+    EXPECT_EQ(GroundOf(PictureOf({"--theme", "dark", "--background", "none"})), "none");
+}
+
+TEST(Program, DarkBackgroundAloneMeansTheDarkTheme) {
+    auto const inks = [](std::vector<std::string> const& arguments) {
+        std::vector<std::string> strokes;
+        for (XmlElement const& path : PictureOf(arguments).Named("path"))
+            strokes.push_back(path.attributes.count("stroke") ? path.attributes.at("stroke") : "");
+        return strokes;
+    };
+    auto const dark = inks({"--background", "black", "--theme", "dark"});
+    EXPECT_EQ(inks({"--background", "black"}), dark);
+    EXPECT_NE(inks({"--background", "black", "--theme", "light"}), dark);
+    EXPECT_EQ(inks({"--background", "ivory"}), inks({}));
+}
+
+TEST(Program, NoFrameLeavesOutFrameAndTitleBlock) {
+    auto const types = [](XmlDocument const& document) {
+        std::set<std::string> found;
+        for (XmlElement const& group : document.Named("g")) {
+            if (group.attributes.count("data-type")) found.insert(group.attributes.at("data-type"));
+        }
+        return found;
+    };
+    std::set<std::string> all = types(PictureOf({}));
+    EXPECT_EQ(all.erase("Format"), 1u);
+    EXPECT_EQ(all.erase("TitleBlock"), 1u);
+    EXPECT_EQ(types(PictureOf({"--no-frame"})), all);
+}
+
+TEST(Program, HighlightedNetsAreMarkedAndColoured) {
+    XmlDocument const document = PictureOf({"--highlight", "/SDA", "--highlight", "/SCL=#123456"});
+    std::set<std::string> nets;
+    for (XmlElement const& group : document.Named("g")) {
+        auto const& attributes = group.attributes;
+        bool const marked = attributes.count("class") && attributes.at("class") == "highlight";
+        if (marked) nets.insert(attributes.at("data-net"));
+    }
+    EXPECT_EQ(nets, (std::set<std::string>{"/SCL", "/SDA"}));
+    std::set<std::string> strokes;
+    for (XmlElement const& path : document.Named("path")) {
+        if (path.attributes.count("stroke")) strokes.insert(path.attributes.at("stroke"));
+    }
+    EXPECT_TRUE(strokes.count("#123456"));
+    EXPECT_TRUE(strokes.count("#e61a99")) << "the first colour of the theme";
+}
+
+TEST(Program, UnknownNetIsToldWithNetsLikeIt) {
+    Outcome const outcome =
+        Figrep({"render", EXAMPLE, "--sheet", "/", "-o", "-", "--highlight", "sda"});
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_NE(outcome.err.find("'/SDA'"), std::string::npos) << outcome.err;
 }
 
 TEST(Program, PictureHoldsTheDrawingsTextsAndNets) {

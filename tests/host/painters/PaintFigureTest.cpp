@@ -44,7 +44,7 @@ public:
         PaintedText text;
     };
 
-    void BeginSheet(PaintedSheet const& sheet) override { sheetBox = sheet.box; }
+    void BeginSheet(PaintedSheet const& painted) override { sheet = painted; }
     void EndSheet() override { EXPECT_TRUE(current.empty()); }
     void BeginItem(PaintedItem const& item) override {
         EXPECT_TRUE(current.empty()) << "items don't nest";
@@ -76,7 +76,7 @@ public:
         return found;
     }
 
-    dg::DBox2D sheetBox;
+    PaintedSheet sheet;
     std::string current;
     std::vector<std::string> items;
     std::map<std::string, std::string> nets;
@@ -223,6 +223,74 @@ TEST_F(PaintFigureTest, OnlyEntitiesWithAFillAreFilled) {
     EXPECT_EQ(lines.at(3).paint.fill.color, lines.at(3).paint.stroke.color);
 }
 
+du::ConstSmartPtr<zv2d::Attributes> FilledWith(int kind, dg::Color const& color) {
+    return zv2d::Attributes::Get(zv2d::Attributes(attrs::FillAttr(kind, color)));
+}
+
+// The colours of a body, of an area in a colour of its own and of one in that of its outline.
+class FillSettingTest : public PaintFigureTest {
+protected:
+    void SetUp() override {
+        PaintFigureTest::SetUp();
+        for (int kind : {attrs::FillAttr::BODY, attrs::FillAttr::SOLID, attrs::FillAttr::OUTLINE})
+            AddFree(LineShape({{0, 0}, {1, 0}, {1, 1}}, FilledWith(kind, dg::Color::YELLOW)));
+    }
+
+    std::vector<dg::Color> FillsWith(int kind) {
+        Load();
+        du::ConstSmartPtr<attrs::FillAttr> const fill(new attrs::FillAttr(kind, dg::Color::GREEN));
+        SmartPtr<figk::BaseSettingValue> const value(
+            new figk::SettingValue<du::ConstSmartPtr<attrs::FillAttr>>(fill));
+        figure->AddSetting(
+            SmartPtr<figrep::Setting>(new figrep::Setting(figrep::Setting::FILL_ATTRIBUTES, value,
+                                                          figk::Setting::LEVEL_PROFILE, true)),
+            false);
+        std::vector<dg::Color> fills;
+        for (auto const& shape : Painted().Of("line"))
+            fills.push_back(shape.paint.fill.color);
+        return fills;
+    }
+
+    using Colors = std::vector<dg::Color>;
+};
+
+TEST_F(FillSettingTest, BodyFillReplacesBodiesOnly) {
+    EXPECT_EQ(FillsWith(attrs::FillAttr::BODY),
+              (Colors{dg::Color::GREEN, dg::Color::YELLOW, dg::Color::BLACK}));
+}
+
+TEST_F(FillSettingTest, SolidFillLeavesWhatHasTheColourOfItsOutline) {
+    EXPECT_EQ(FillsWith(attrs::FillAttr::SOLID),
+              (Colors{dg::Color::GREEN, dg::Color::GREEN, dg::Color::BLACK}));
+}
+
+TEST_F(FillSettingTest, NoFillReplacesNothing) {
+    EXPECT_EQ(FillsWith(attrs::FillAttr::NONE),
+              (Colors{dg::Color::YELLOW, dg::Color::YELLOW, dg::Color::BLACK}));
+}
+
+TEST_F(PaintFigureTest, FillThatCannotBeSeenIsNone) {
+    AddFree(LineShape({{0, 0}, {1, 0}, {1, 1}},
+                      FilledWith(attrs::FillAttr::SOLID, dg::Color(1, 0, 0, 0))));
+    EXPECT_FALSE(Painted().Of("line").at(0).paint.fill.filled);
+}
+
+TEST_F(PaintFigureTest, GroundComesFromTheFigure) {
+    Load();
+    EXPECT_EQ(Painted().sheet.background, dg::Color::WHITE);
+    EXPECT_TRUE(Painted().sheet.paintBackground);
+    for (float const opacity : {1.0F, 0.0F}) {
+        dg::Color const ground(0.25F, 0, 0, opacity);
+        SmartPtr<figk::BaseSettingValue> const value(new figk::SettingValue<dg::Color>(ground));
+        figure->AddSetting(
+            SmartPtr<figrep::Setting>(new figrep::Setting(figrep::Setting::BACKGROUND_COLOR, value,
+                                                          figk::Setting::LEVEL_PROFILE, true)),
+            false);
+        EXPECT_EQ(Painted().sheet.background, ground);
+        EXPECT_EQ(Painted().sheet.paintBackground, opacity > 0);
+    }
+}
+
 TEST_F(PaintFigureTest, FilledEntityWithoutWidthHasNoOutline) {
     zv2d::LineAttributes const none(1, 2, nullptr, 0, 3, 0, 3, dg::Color::BLACK, dg::Color::BLACK);
     du::ConstSmartPtr<zv2d::LineAttributes> const line(new zv2d::LineAttributes(none));
@@ -266,9 +334,12 @@ TEST_F(PaintFigureTest, HighlightedItemIsMarkedAndColoured) {
     Sheet().wires.push_back({"w", 0, {0, 0}, {10, 0}});
     Load();
     figure->SetItemHighlight(figure->GetSubNets().at(0), true);
-    PaintOptions options;
-    options.highlight = dg::Color::RED;
-    RecordingPainter const painter = Painted(options);
+    SmartPtr<figk::BaseSettingValue> const red(new figk::SettingValue<dg::Color>(dg::Color::RED));
+    figure->AddSetting(
+        SmartPtr<figrep::Setting>(new figrep::Setting(figrep::Setting::SELECTION_HIGHLIGHT_COLOR,
+                                                      red, figk::Setting::LEVEL_PROFILE, true)),
+        false);
+    RecordingPainter const painter = Painted();
     EXPECT_TRUE(painter.highlights.at(painter.items.at(0)));
     EXPECT_EQ(painter.Of("line").at(0).paint.stroke.color, dg::Color::RED);
 }
@@ -390,7 +461,7 @@ TEST_F(PaintFigureTest, StretchedCircleBecomesAnEllipse) {
 
 TEST_F(PaintFigureTest, WithoutAFrameTheContentIsShownWithAMargin) {
     AddFree(LineShape({{10, 20}, {30, 40}}));
-    EXPECT_EQ(Painted().sheetBox, dg::DBox2D(5, 15, 35, 45));
+    EXPECT_EQ(Painted().sheet.box, dg::DBox2D(5, 15, 35, 45));
 }
 
 TEST_F(PaintFigureTest, SvgOfAFigureIsWellFormedAndTheSameEachTime) {
