@@ -62,6 +62,19 @@ struct ApplyArguments : CommonArguments {
     bool json = false;
 };
 
+/// One option of `edit`, as it was typed.
+struct TypedEdit {
+    std::string verb;  ///< a word of the vocabulary, or `EDIT_SCRIPT`
+    std::string text;
+};
+inline constexpr char const* EDIT_SCRIPT = "script";
+
+struct EditArguments : CommonArguments {
+    std::string saved;
+    std::string sheet;             ///< name or path; empty for all
+    std::vector<TypedEdit> edits;  ///< in their order
+};
+
 struct LogArguments {
     std::string figure;
     bool json = false;
@@ -72,6 +85,7 @@ ExitCode Info(InfoArguments const& arguments);
 ExitCode List(ListArguments const& arguments);
 ExitCode Trace(TraceArguments const& arguments);
 ExitCode Find(FindArguments const& arguments);
+ExitCode EditFigures(EditArguments const& arguments);
 ExitCode Apply(ApplyArguments const& arguments);
 ExitCode Log(LogArguments const& arguments);
 

@@ -32,9 +32,8 @@ Json ChangeJson(SavedFigure::Component const& component, KnownNames const& names
 Json FigureJson(SavedFigure const& figure, KnownNames const& names) {
     Json sheets = Json::array();
     for (SavedFigure::SheetId const& sheet : figure.GetSheets()) {
-        sheets.push_back({{"design", sheet.design},
-                          {"id", sheet.sheet},
-                          {"name", NameOf(sheet.sheet, names)}});
+        sheets.push_back(
+            {{"design", sheet.design}, {"id", sheet.sheet}, {"name", NameOf(sheet.sheet, names)}});
     }
     Json changes = Json::array();
     for (SavedFigure::Component const& component : figure.components)

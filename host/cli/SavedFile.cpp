@@ -6,10 +6,9 @@
 namespace fighost {
 
 std::size_t CountLost(std::vector<SavedReport> const& reports) {
-    return static_cast<std::size_t>(
-        std::count_if(reports.begin(), reports.end(), [](SavedReport const& report) {
-            return report.delta.outcome != DeltaReport::APPLIED;
-        }));
+    return static_cast<std::size_t>(std::count_if(
+        reports.begin(), reports.end(),
+        [](SavedReport const& report) { return report.delta.outcome != DeltaReport::APPLIED; }));
 }
 
 void TellLostChanges(CommonArguments const& arguments, std::string const& saved,

@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 
 #include <cli/Commands.h>
+#include <session/Edits.h>
 #include <csignal>
 #include <exception>
 #include <functional>
@@ -119,6 +120,58 @@ void AddFind(CLI::App& program, FindArguments& arguments) {
     command.add_flag("--json", arguments.json, "print one JSON array");
 }
 
+// One option, which may be repeated. Its place among the others counts.
+void AddEditOption(CLI::App& command, EditArguments& arguments, EditVerb const& verb) {
+    std::string const name = verb.name;
+    // Both spellings of the one word that has two.
+    std::string const option = name == "colour" ? "--colour,--color" : "--" + name;
+    if (!verb.takesNames && !verb.value) {
+        command
+            .add_flag_function(
+                option,
+                [&arguments, name](auto) {
+                    arguments.edits.push_back({name, {}});
+                },
+                verb.help)
+            ->trigger_on_parse();
+        return;
+    }
+    std::string form = verb.takesNames ? "ITEM" : "";
+    if (verb.value) form += (form.empty() ? "" : "=") + std::string(verb.value);
+    command
+        .add_option_function<std::string>(
+            option,
+            [&arguments, name](std::string const& text) {
+                arguments.edits.push_back({name, text});
+            },
+            verb.help)
+        ->trigger_on_parse()
+        ->type_name(form);
+}
+
+void AddEdit(CLI::App& program, EditArguments& arguments) {
+    CLI::App& command = *program.add_subcommand(
+        "edit", "Change figures and save the changes, in the order of the options");
+    AddCommon(command, arguments);
+    command
+        .add_option("--saved", arguments.saved,
+                    "the saved figure; made when it isn't there, added to when it is")
+        ->required();
+    command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to change");
+    command
+        .add_option_function<std::string>(
+            std::string("--") + EDIT_SCRIPT,
+            [&arguments](std::string const& path) {
+                arguments.edits.push_back({EDIT_SCRIPT, path});
+            },
+            "do the steps of a file, one per line; - is standard input")
+        ->trigger_on_parse()
+        ->type_name("FILE");
+    for (EditVerb const& verb : EditVerbs()) {
+        if (!verb.scriptOnly) AddEditOption(command, arguments, verb);
+    }
+}
+
 void AddApply(CLI::App& program, ApplyArguments& arguments) {
     CLI::App& command = *program.add_subcommand(
         "apply", "Apply a saved figure and tell what became of each change");
@@ -155,6 +208,8 @@ ExitCode Run(int argc, char** argv) {
     AddTrace(program, trace);
     FindArguments find;
     AddFind(program, find);
+    EditArguments edit;
+    AddEdit(program, edit);
     AddApply(program, apply);
     AddLog(program, log);
     try {
@@ -167,6 +222,7 @@ ExitCode Run(int argc, char** argv) {
     if (program.got_subcommand("info")) return Info(info);
     if (program.got_subcommand("trace")) return Trace(trace);
     if (program.got_subcommand("find")) return Find(find);
+    if (program.got_subcommand("edit")) return EditFigures(edit);
     if (program.got_subcommand("apply")) return Apply(apply);
     if (program.got_subcommand("log")) return Log(log);
     return List(list);

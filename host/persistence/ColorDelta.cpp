@@ -51,6 +51,16 @@ ConstSmartPtr<Setting> UserSetting(Setting::RepKey key, Value const& value) {
     return SmartPtr<Setting>(new Setting(key, held, figk::Setting::LEVEL_FIGURE, true));
 }
 
+// Draw states keep the fill that they were told last until they are told another one. This one
+// leaves all as it is drawn, and any other setting counts more.
+ConstSmartPtr<Setting> NoFill() {
+    ConstSmartPtr<attrs::FillAttr> const none = SmartPtr<attrs::FillAttr>(new attrs::FillAttr());
+    ConstSmartPtr<figk::BaseSettingValue> const held =
+        new figk::SettingValue<ConstSmartPtr<attrs::FillAttr>>(none);
+    return SmartPtr<Setting>(
+        new Setting(Setting::FILL_ATTRIBUTES, held, figk::Setting::LEVEL_DEFAULT, true));
+}
+
 ConstSmartPtr<Setting> OwnUserSetting(figrep::SettingList const& list, Setting::RepKey key) {
     unsigned depth = 0;
     auto const found = list.GetSetting(key, depth, false);
@@ -165,8 +175,8 @@ void ColorDelta::_Apply(figk::AbstractDeltaReceiver& receiver) {
 
 // Applied again, the delta finds the setting that it has put there itself; what stood there before
 // is what it remembers already.
-void ColorDelta::Give(figrep::SettingList& list,
-                      SmartPtr<figrep::AbstractFigureItem> const& item, SettingPtr const& setting) {
+void ColorDelta::Give(figrep::SettingList& list, SmartPtr<figrep::AbstractFigureItem> const& item,
+                      SettingPtr const& setting) {
     SettingPtr const own = OwnUserSetting(list, setting->GetRepKey());
     if (own == setting) return;
     previous_.push_back({item, setting->GetRepKey(), own});
@@ -175,10 +185,12 @@ void ColorDelta::Give(figrep::SettingList& list,
 
 void ColorDelta::Undo(figrep::Figure& figure) {
     for (Previous const& previous : previous_) {
-        figrep::SettingList& list = previous.item ? static_cast<figrep::SettingList&>(*previous.item)
-                                                  : static_cast<figrep::SettingList&>(figure);
+        figrep::SettingList& list = previous.item
+                                        ? static_cast<figrep::SettingList&>(*previous.item)
+                                        : static_cast<figrep::SettingList&>(figure);
         list.RemoveSetting(previous.key, figk::Setting::LEVEL_FIGURE);
         if (previous.setting) list.AddSetting(previous.setting, true);
+        if (!previous.setting && part_ == FILLS) list.AddSetting(NoFill(), true);
     }
     previous_.clear();
 }

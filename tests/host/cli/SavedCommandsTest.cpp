@@ -7,8 +7,8 @@
 #include <figrep/FigureMoveDelta.h>
 #include <figrep/TransformAction.h>
 #include <host/cli/RunProgram.h>
-#include <nlohmann/json.hpp>
 #include <session/Session.h>
+#include <nlohmann/json.hpp>
 
 namespace fighost::test {
 namespace {
