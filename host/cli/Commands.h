@@ -33,6 +33,7 @@ struct RenderArguments : CommonArguments {
 };
 
 struct InfoArguments : CommonArguments {
+    std::string item;  ///< name or id; empty for the design
     bool json = false;
 };
 
@@ -80,12 +81,28 @@ struct LogArguments {
     bool json = false;
 };
 
+struct PickArguments : CommonArguments {
+    std::string place;        ///< "X,Y" or "X1,Y1,X2,Y2"
+    std::string sheet = "/";  ///< name or path
+    double tolerance = 0.5;   ///< in millimetres, of a point
+    bool touching = false;    ///< of a window: what lies in it partly
+    bool json = false;
+};
+
+struct DumpArguments : CommonArguments {
+    std::string sheet;  ///< name or path; empty for all
+    bool connectivity = false;
+    bool settings = false;
+};
+
 ExitCode Render(RenderArguments const& arguments);
 ExitCode Info(InfoArguments const& arguments);
 ExitCode List(ListArguments const& arguments);
 ExitCode Trace(TraceArguments const& arguments);
 ExitCode Find(FindArguments const& arguments);
 ExitCode EditFigures(EditArguments const& arguments);
+ExitCode Pick(PickArguments const& arguments);
+ExitCode Dump(DumpArguments const& arguments);
 ExitCode Apply(ApplyArguments const& arguments);
 ExitCode Log(LogArguments const& arguments);
 

@@ -1,4 +1,5 @@
 #include <cli/Commands.h>
+#include <cli/ItemReport.h>
 #include <cli/Json.h>
 
 namespace fighost {
@@ -58,11 +59,28 @@ std::string SummaryText(Session const& session, Summary const& summary) {
     return text;
 }
 
+ExitCode ItemInfo(Session const& session, InfoArguments const& arguments) {
+    NamedItems const found = FindNamedItems(session, {arguments.item});
+    if (auto const complaint = ComplaintAbout(found)) {
+        PrintMessage("info: " + *complaint);
+        return EXIT_WRONG_USAGE;
+    }
+    Json list = Json::array();
+    std::string text;
+    for (SheetItem const& item : found.items) {
+        ItemStatus const status = StatusOf(item);
+        list.push_back(ToJson(status));
+        text += (text.empty() ? "" : "\n") + StatusText(status);
+    }
+    return PrintData(arguments.json ? JsonText(list) : text);
+}
+
 }  // namespace
 
 ExitCode Info(InfoArguments const& arguments) {
     std::unique_ptr<Session> const session = OpenSession(arguments);
     if (!session) return EXIT_UNREADABLE_INPUT;
+    if (!arguments.item.empty()) return ItemInfo(*session, arguments);
     Summary const summary = Summarise(*session);
     return PrintData(arguments.json ? JsonText(SummaryJson(*session, summary))
                                     : SummaryText(*session, summary));

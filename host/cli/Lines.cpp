@@ -2,16 +2,12 @@
 
 namespace fighost {
 
-namespace {
-
 std::string OneLine(std::string text) {
     for (char& c : text) {
         if (static_cast<unsigned char>(c) < 0x20) c = ' ';
     }
     return text;
 }
-
-}  // namespace
 
 std::string Line(std::vector<std::string> const& columns) {
     std::string line;

@@ -6,8 +6,10 @@
 
 namespace fighost {
 
-/// The columns as one line; control characters inside become blanks, so that a value stays on its
-/// line and in its column.
+/// The text with blanks for control characters, so that it stays on its line and in its column.
+std::string OneLine(std::string text);
+
+/// The columns as one line, each made to stay in its column.
 std::string Line(std::vector<std::string> const& columns);
 
 }  // namespace fighost

@@ -70,6 +70,8 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
 void AddInfo(CLI::App& program, InfoArguments& arguments) {
     CLI::App& command = *program.add_subcommand("info", "Tell what a design holds");
     AddCommon(command, arguments);
+    command.add_option("--item", arguments.item,
+                       "tell of this item instead: its nets and why it looks as it does");
     command.add_flag("--json", arguments.json, "print one JSON object");
 }
 
@@ -191,6 +193,31 @@ void AddLog(CLI::App& program, LogArguments& arguments) {
     command.footer(EXIT_CODES);
 }
 
+void AddPick(CLI::App& program, PickArguments& arguments) {
+    CLI::App& command =
+        *program.add_subcommand("pick", "Tell what lies at a point or in a window of a sheet");
+    AddCommon(command, arguments);
+    command
+        .add_option("PLACE", arguments.place,
+                    "X,Y or X1,Y1,X2,Y2 in mm from the upper left corner, y downward")
+        ->required();
+    command.add_option("--sheet", arguments.sheet, "name or path of the sheet")
+        ->capture_default_str();
+    command.add_option("--tolerance", arguments.tolerance, "how near a point counts, in mm")
+        ->check(CLI::Range(0.0, 1000.0))
+        ->capture_default_str();
+    command.add_flag("--touching", arguments.touching, "also what lies in the window partly");
+    command.add_flag("--json", arguments.json, "print one JSON array");
+}
+
+void AddDump(CLI::App& program, DumpArguments& arguments) {
+    CLI::App& command = *program.add_subcommand("dump", "Write trees and settings, for developers");
+    AddCommon(command, arguments);
+    command.add_flag("--connectivity", arguments.connectivity, "the trees of the wires");
+    command.add_flag("--settings", arguments.settings, "the settings of the items");
+    command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to write");
+}
+
 ExitCode Run(int argc, char** argv) {
     CLI::App program("figrep shows schematic designs as live figures.", "figrep");
     program.set_version_flag("--version", std::string("figrep ") + FIGREP_VERSION);
@@ -210,6 +237,10 @@ ExitCode Run(int argc, char** argv) {
     AddFind(program, find);
     EditArguments edit;
     AddEdit(program, edit);
+    PickArguments pick;
+    AddPick(program, pick);
+    DumpArguments dump;
+    AddDump(program, dump);
     AddApply(program, apply);
     AddLog(program, log);
     try {
@@ -223,6 +254,8 @@ ExitCode Run(int argc, char** argv) {
     if (program.got_subcommand("trace")) return Trace(trace);
     if (program.got_subcommand("find")) return Find(find);
     if (program.got_subcommand("edit")) return EditFigures(edit);
+    if (program.got_subcommand("pick")) return Pick(pick);
+    if (program.got_subcommand("dump")) return Dump(dump);
     if (program.got_subcommand("apply")) return Apply(apply);
     if (program.got_subcommand("log")) return Log(log);
     return List(list);

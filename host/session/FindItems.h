@@ -1,7 +1,7 @@
 // Which items a user means by a name.
 #pragma once
 
-#include <figrep/Fwd.h>
+#include <figrep/AbstractFigureItem.h>
 #include <session/Session.h>
 
 #include <optional>

@@ -23,7 +23,7 @@ TEST(Program, VersionAndHelpAreNoErrors) {
     EXPECT_EQ(version.code, 0);
     EXPECT_EQ(version.out.substr(0, 7), "figrep ");
     for (std::vector<std::string> command :
-         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}, {"trace"}, {"find"}}) {
+         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}, {"trace"}, {"find"}, {"pick"}, {"dump"}}) {
         command.push_back("--help");
         Outcome const help = Figrep(command);
         EXPECT_EQ(help.code, 0);
