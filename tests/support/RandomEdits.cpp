@@ -46,6 +46,9 @@ SmartPtr<Setting> BoolSetting(Setting::RepKey key, bool value, figk::Setting::Le
 }
 
 bool CanBeDeleted(Item const& item) {
+    // A block inside another one isn't in the figure's own list.
+    auto const* const block = dynamic_cast<BaseBlockInstance const*>(&item);
+    if (block && block->GetParent()) return false;
     return item.GetType() == Item::ITEM_BLOCK_INSTANCE || item.GetType() == Item::ITEM_FORMAT ||
            item.GetType() == Item::ITEM_SUB_HIGHWAY || item.GetType() == Item::ITEM_SUB_NET;
 }
