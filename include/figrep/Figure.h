@@ -219,6 +219,10 @@ public:
     void SetProfileRequiresGraphicalRegeneration(bool required);
     /// Tells observers when the new profile needs new pictures; the mark stays.
     void ProfileApplied();
+    /// The box by which a user drags the content, null for none. The figure holds it, so that undo
+    /// and redo of a drag fit it again. No lock; the view's thread only.
+    SmartPtr<zvmk::FigureContentShadow> GetFigureShadow() const;
+    void SetFigureShadow(SmartPtr<zvmk::FigureContentShadow> const& shadow);
     /// A box drawn into the figure's own label group, for debugging.
     SmartPtr<BaseGraphic> AddDebugGraphic(DBox2D const& box);
 
@@ -310,6 +314,7 @@ private:
     unsigned int nextSubHighwayId_ = 0;
     bool graphicRegenerationSuspended_ = false;
     DBox2D figureExtents_ = DBox2D::EMPTY;
+    SmartPtr<zvmk::FigureContentShadow> figureShadow_;  // not guarded
     std::unordered_map<SmartPtr<figk::AbstractItem>, Items> sbomKernelFigureMap_;
     bool profileRequiresGraphicalRegeneration_ = false;
     bool loaded_ = false;

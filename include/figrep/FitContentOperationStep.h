@@ -29,6 +29,7 @@ public:
 
 private:
     SmartPtr<figk::AbstractDelta> MakeInverse() const;
+    void FitShadow() const;
 
     SmartPtr<Figure> figure_;
     Items items_;

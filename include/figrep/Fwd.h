@@ -33,6 +33,10 @@ class ReadWriteLock;
 class SerializedContentElement;
 }  // namespace zvk
 
+namespace zvmk {
+class FigureContentShadow;
+}
+
 namespace figrep {
 
 using dg::Color;

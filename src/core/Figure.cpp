@@ -9,6 +9,7 @@
 #include <figrep/BlockInstance.h>
 #include <figrep/CableInstance.h>
 #include <figrep/CrossingPointsVisitor.h>
+#include <figrep/FigureContentShadow.h>
 #include <figrep/FigureLink.h>
 #include <figrep/Format.h>
 #include <figrep/GenericGraphic.h>
@@ -66,6 +67,7 @@ void Figure::ZeroReferenceCountHook() {
 void Figure::TearDown() {
     zvk::WriteGuard guard(GetLock());
     pivotInProgress_ = true;
+    figureShadow_.Reset();
     crossingPoints_.Reset();
     arrowPatterns_.Reset();
     findVisitor_.Reset();

@@ -3,6 +3,7 @@
 #include <figrep/CalcFigureExtentsVisitor.h>
 #include <figrep/CrossingPointsVisitor.h>
 #include <figrep/Figure.h>
+#include <figrep/FigureContentShadow.h>
 #include <figrep/SegmentGraphicsGenerator.h>
 #include <figrep/SubHighway.h>
 #include <figrep/SubNet.h>
@@ -106,6 +107,14 @@ DBox2D Figure::GetExtents() {
 void Figure::SetExtents(DBox2D const& extents) {
     zvk::WriteGuard guard(GetLock());
     figureExtents_ = extents;
+}
+
+SmartPtr<zvmk::FigureContentShadow> Figure::GetFigureShadow() const {
+    return figureShadow_;
+}
+
+void Figure::SetFigureShadow(SmartPtr<zvmk::FigureContentShadow> const& shadow) {
+    figureShadow_ = shadow;
 }
 
 void Figure::SetProfileRequiresGraphicalRegeneration(bool required) {

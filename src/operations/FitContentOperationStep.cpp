@@ -2,6 +2,7 @@
 
 #include <figrep/AbstractFigureItem.h>
 #include <figrep/Figure.h>
+#include <figrep/FigureContentShadow.h>
 #include <figrep/FigureMoveDelta.h>
 #include <figrep/MirrorAction.h>
 #include <figrep/RotateAction.h>
@@ -49,6 +50,7 @@ void FitContentOperationStep::Undo() {
     if (!inverseDelta_) inverseDelta_ = MakeInverse();
     figure_->AddAndApplyDelta(inverseDelta_, false, true);
     figure_->RemoveDeltas({forwardDelta_, inverseDelta_});
+    FitShadow();
 }
 
 void FitContentOperationStep::Redo() {
@@ -56,6 +58,11 @@ void FitContentOperationStep::Redo() {
     forwardDelta_ = new FigureMoveDelta(items_, transforms_, offset_, false);
     inverseDelta_.Reset();
     figure_->AddAndApplyDelta(forwardDelta_, false, true);
+    FitShadow();
+}
+
+void FitContentOperationStep::FitShadow() const {
+    if (auto const shadow = figure_->GetFigureShadow()) shadow->FigureExtentsChanged();
 }
 
 }  // namespace figrep
