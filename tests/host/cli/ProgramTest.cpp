@@ -22,8 +22,14 @@ TEST(Program, VersionAndHelpAreNoErrors) {
     Outcome const version = Figrep({"--version"});
     EXPECT_EQ(version.code, 0);
     EXPECT_EQ(version.out.substr(0, 7), "figrep ");
-    for (std::vector<std::string> command :
-         {std::vector<std::string>{}, {"render"}, {"info"}, {"list"}, {"trace"}, {"find"}, {"pick"}, {"dump"}}) {
+    for (std::vector<std::string> command : {std::vector<std::string>{},
+                                             {"render"},
+                                             {"info"},
+                                             {"list"},
+                                             {"trace"},
+                                             {"find"},
+                                             {"pick"},
+                                             {"dump"}}) {
         command.push_back("--help");
         Outcome const help = Figrep(command);
         EXPECT_EQ(help.code, 0);

@@ -63,15 +63,11 @@ TEST_F(ItemStatusTest, APartTellsItsPinsAndFields) {
 }
 
 TEST_F(ItemStatusTest, AHighwayTellsItsMembers) {
-    std::vector<SheetItem> pieces;
-    for (SessionSheet const& sheet : session->GetSheets()) {
-        ForEachItem(sheet.figure, [&](SmartPtr<AbstractFigureItem> const& item) {
-            if (item->GetType() == AbstractFigureItem::ITEM_SUB_HIGHWAY)
-                pieces.push_back({&sheet, item});
-        });
-    }
-    ASSERT_FALSE(pieces.empty());
+    std::vector<SheetItem> const pieces =
+        FindItems(*session, "/D[0..7]", session->FindSheets("/Controller/").at(0));
+    ASSERT_EQ(pieces.size(), 1u);
     ItemStatus const status = StatusOf(pieces[0]);
+    EXPECT_EQ(status.type, "SubHighway");
     EXPECT_EQ(status.members, (Names{"/D0", "/D1", "/D2", "/D3", "/D4", "/D5", "/D6", "/D7"}));
     EXPECT_TRUE(status.nets.empty());
 }
