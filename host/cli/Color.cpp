@@ -1,6 +1,5 @@
 #include <cli/Color.h>
-
-#include <cstddef>
+#include <painters/HexColor.h>
 
 namespace fighost {
 
@@ -22,34 +21,13 @@ constexpr NamedColor NAMED[] = {
     {"brown", {0.55F, 0.3F, 0.1F}}, {"lime", {0.0F, 1.0F, 0.0F}},
 };
 
-int HexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
-}
-
-std::optional<dg::Color> ParseHex(std::string_view digits) {
-    if (digits.size() != 3 && digits.size() != 6) return std::nullopt;
-    std::size_t const each = digits.size() / 3;
-    float channels[3];
-    for (std::size_t i = 0; i < 3; ++i) {
-        int const high = HexDigit(digits[i * each]);
-        int const low = HexDigit(digits[i * each + each - 1]);
-        if (high < 0 || low < 0) return std::nullopt;
-        channels[i] = static_cast<float>(high * 16 + low) / 255.0F;
-    }
-    return dg::Color(channels[0], channels[1], channels[2]);
-}
-
 }  // namespace
 
 std::optional<dg::Color> ParseColor(std::string_view text) {
     for (NamedColor const& named : NAMED) {
         if (text == named.name) return named.color;
     }
-    if (text.empty() || text[0] != '#') return std::nullopt;
-    return ParseHex(text.substr(1));
+    return ColorOfHex(text);
 }
 
 std::optional<dg::Color> ParseBackground(std::string_view text) {

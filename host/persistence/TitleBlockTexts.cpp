@@ -50,7 +50,9 @@ void DesignTexts::PutBack() const {
         for (std::size_t i = 0; i < count; ++i) {
             if (IsDesignText(text[i]) && IsDesignText(own.text[i])) text[i] = own.text[i];
         }
-        own.section->SetText(text, true);
+        bool const ofTheDesign = std::all_of(
+            text.begin(), text.end(), [](Segment const& segment) { return segment.original; });
+        own.section->SetText(text, ofTheDesign);
     }
 }
 

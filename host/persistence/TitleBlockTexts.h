@@ -21,7 +21,8 @@ public:
     /// `figure` may be without a title block.
     explicit DesignTexts(figrep::SmartPtr<figrep::Figure> const& figure);
 
-    /// Puts the design's own plain texts back, and has tokens that can be told here told anew.
+    /// Puts the design's own plain texts back, and has tokens that can be told here told anew. A
+    /// section in which something was put in later keeps the tokens' texts with it.
     void PutBack() const;
 
 private:
