@@ -1,0 +1,175 @@
+// A person drags the content of a sheet by each handle, in a drawing and in an image.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include <figrep/Figure.h>
+#include <figrep/FigureMoveDelta.h>
+#include <figrep/ScaleAction.h>
+#include <persistence/SavedFigures.h>
+#include <session/HeadlessView.h>
+#include <session/History.h>
+#include <session/Session.h>
+#include <support/Corpus.h>
+#include <zvk/Operation.h>
+#include <zvmk/Cursors.h>
+
+#include "SavedPictures.h"
+
+namespace fighost {
+namespace {
+
+using namespace test;  // NOLINT
+using figrep::FigureMoveDelta;
+using figrep::SmartPtr;
+using figrep::Symbol;
+using Shadow = zvmk::FigureContentShadow;
+
+constexpr unsigned OUTLINE = Shadow::NO_HANDLE;
+constexpr unsigned GRIPS[] = {Shadow::CENTRE,      OUTLINE,           Shadow::TOP_LEFT,
+                              Shadow::BOTTOM_LEFT, Shadow::TOP_RIGHT, Shadow::BOTTOM_RIGHT};
+
+dg::DPoint2D InPlane(dg::DPoint3D const& point) {
+    return {point.x, point.y};
+}
+
+/// Where a person grabs, and where they let go: a corner is pulled out by a quarter of the box.
+struct Way {
+    dg::DPoint2D from;
+    dg::DPoint2D to;
+};
+constexpr double PULLED = 1.25;
+
+Way WayOf(Shadow const& shadow, unsigned grip) {
+    auto const at = [&](unsigned number) {
+        return InPlane(shadow.GetHandle(number)->GetPosition());
+    };
+    dg::DVec2 const by(30.0, -12.5);
+    if (grip == Shadow::CENTRE) return {at(grip), at(grip) + by};
+    if (grip == OUTLINE) {
+        auto const left = at(Shadow::TOP_LEFT);
+        auto const grab = left + (at(Shadow::TOP_RIGHT) - left) * 0.3;
+        return {grab, grab + by};
+    }
+    auto const out = (at(grip) - at(Shadow::CENTRE)) * (2 * (PULLED - 1));
+    return {at(grip), at(grip) + out};
+}
+
+bool IsCorner(unsigned grip) {
+    return grip <= Shadow::BOTTOM_RIGHT;
+}
+
+// Corners on the diagonal from the upper right to the lower left, as they are seen.
+Symbol CursorOf(unsigned grip, HeadlessView::Kind kind) {
+    if (!IsCorner(grip)) return zvmk::dragCursorMove;
+    bool const isOuter = grip == Shadow::TOP_LEFT || grip == Shadow::BOTTOM_RIGHT;
+    return isOuter == (kind == HeadlessView::DRAWING) ? zvmk::dragCursorSizeRightToLeft
+                                                      : zvmk::dragCursorSizeLeftToRight;
+}
+
+void ExpectRecorded(SmartPtr<figrep::Figure> const& figure, unsigned grip, Way const& way,
+                    dg::DPoint2D const& centre) {
+    auto const move = du::DynamicCast<FigureMoveDelta>(figure->GetDeltas().back());
+    ASSERT_TRUE(move);
+    EXPECT_FALSE(figure->HasDeltaFailures());
+    if (!IsCorner(grip)) {
+        EXPECT_TRUE(move->GetTransforms().empty());
+        EXPECT_NEAR(move->GetOffset().x, way.to.x - way.from.x, 1e-9);
+        EXPECT_NEAR(move->GetOffset().y, way.to.y - way.from.y, 1e-9);
+        return;
+    }
+    EXPECT_EQ(move->GetOffset(), dg::DPoint2D());
+    ASSERT_EQ(move->GetTransforms().size(), 1u);
+    auto const scale = du::DynamicCast<figrep::ScaleAction>(move->GetTransforms()[0]);
+    ASSERT_TRUE(scale);
+    EXPECT_NEAR(scale->GetScale(), PULLED, 1e-9);
+    EXPECT_EQ(scale->GetAbout(), centre);
+}
+
+void ExpectFits(Shadow const& shadow, dg::DBox2D const& box) {
+    auto const low = shadow.GetHandle(Shadow::BOTTOM_LEFT)->GetPosition();
+    auto const high = shadow.GetHandle(Shadow::TOP_RIGHT)->GetPosition();
+    EXPECT_NEAR(low.x, box.XMin(), 1e-6);
+    EXPECT_NEAR(low.y, box.YMin(), 1e-6);
+    EXPECT_NEAR(high.x, box.XMax(), 1e-6);
+    EXPECT_NEAR(high.y, box.YMax(), 1e-6);
+}
+
+/// Drags one grip of a sheet of a freshly opened design and checks all that follows from it.
+void DragAndCheck(std::string const& file, HeadlessView::Kind kind, unsigned grip) {
+    SessionOptions options;
+    options.crossings = figk::CROSSING_NONE;
+    auto const opened = Session::Open(file, options);
+    ASSERT_TRUE(opened.session);
+    auto& history = opened.session->GetHistory();
+    auto const& sheet = opened.session->GetSheets().at(0);
+    auto const deltas = sheet.figure->GetDeltas().size();
+    // Painting lays out the frame, which then counts in the extents.
+    std::string const untouched = PictureOf(sheet.figure);
+    sheet.figure->SetExtents(dg::DBox2D::EMPTY);
+    dg::DBox2D const box = sheet.figure->GetExtents();
+
+    HeadlessView view(sheet.figure, history.GetScene(), kind);
+    view.ShowContentShadow();
+    auto const& shadow = *view.GetContentShadow();
+    ExpectFits(shadow, box);
+    Way const way = WayOf(shadow, grip);
+    ASSERT_TRUE(view.Press(way.from));
+    EXPECT_EQ(view.GetCursor(), CursorOf(grip, kind));
+    view.MoveTo({way.from.x, way.to.y});
+    EXPECT_TRUE(PictureOf(sheet.figure) == untouched) << "the content must wait for the release";
+    view.Release(way.to);
+
+    EXPECT_TRUE(view.GetCursor().IsEmpty());
+    EXPECT_EQ(history.CountUndo(), 1u);
+    EXPECT_EQ(sheet.figure->GetDeltas().size(), deltas + 1);
+    ExpectRecorded(sheet.figure, grip, way, box.Centre());
+    std::string const dragged = PictureOf(sheet.figure);
+    EXPECT_FALSE(dragged == untouched);
+    auto const fresh = Reload(WriteSavedFigures({{sheet.figure, nullptr}}, {}), sheet);
+    ASSERT_TRUE(fresh);
+    EXPECT_TRUE(PictureOf(fresh) == dragged) << "the pictures differ";
+    EXPECT_EQ(FirstDifference(fresh, sheet.figure), "");
+
+    dg::DBox2D const after = sheet.figure->GetExtents();
+    ASSERT_TRUE(history.Undo());
+    EXPECT_EQ(sheet.figure->GetDeltas().size(), deltas);
+    ExpectFits(shadow, box);
+    ASSERT_TRUE(history.Redo());
+    EXPECT_EQ(sheet.figure->GetDeltas().size(), deltas + 1);
+    ExpectFits(shadow, after);
+}
+
+class ContentDragTest : public ::testing::TestWithParam<HeadlessView::Kind> {};
+
+TEST_P(ContentDragTest, EachHandleRecordsItsOperationAndSavesWhatIsSeen) {
+    for (char const* const name : {"weather-station", "power", "controller"}) {
+        for (unsigned const grip : GRIPS) {
+            SCOPED_TRACE(std::string(name) + ", handle " + std::to_string(grip));
+            DragAndCheck(
+                std::string(FIGREP_SOURCE_DIR "/examples/weather-station/") + name + ".kicad_sch",
+                GetParam(), grip);
+        }
+    }
+}
+
+TEST_P(ContentDragTest, SoItDoesOnRealDesigns) {
+    SKIP_WITHOUT_CORPUS();
+    std::size_t turn = 0;
+    for (std::string const& root : corpus::RootSheets()) {
+        unsigned const grip = GRIPS[turn++ % std::size(GRIPS)];
+        SCOPED_TRACE(root + ", handle " + std::to_string(grip));
+        DragAndCheck(root, GetParam(), grip);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Views, ContentDragTest,
+                         ::testing::Values(HeadlessView::DRAWING, HeadlessView::IMAGE),
+                         [](auto const& kind) {
+                             return kind.param == HeadlessView::DRAWING ? "Drawing" : "Image";
+                         });
+
+}  // namespace
+}  // namespace fighost
