@@ -200,7 +200,8 @@ private:
     }
 
     void AddOddments() {
-        sheet->format = {"frame", "A4", 297, 210, 6, 4, LineAndText("frame", 0)};
+        sheet->format =
+            figkernel::FormatSource{"frame", "A4", 297, 210, 6, 4, {}, {}, LineAndText("frame", 0)};
         figkernel::TitleBlockSource block;
         block.id = "title";
         for (unsigned id = 0; id < 2; ++id) {
