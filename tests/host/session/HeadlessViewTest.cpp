@@ -4,8 +4,8 @@
 #include <limits>
 #include <vector>
 
-#include <figk/AbstractDelta.h>
 #include <figrep/Figure.h>
+#include <figrep/FigureMoveDelta.h>
 #include <gtest/gtest.h>
 #include <host/session/ExampleSession.h>
 #include <session/History.h>
@@ -75,14 +75,15 @@ TEST_P(HeadlessViewTest, ContentShadowComesAndGoesWithTheFigureKnowing) {
 
 TEST_P(HeadlessViewTest, DragIsRecordedUnderItsNameAndUndone) {
     InstallOperationNames();
-    dg::DBox2D const before = figure->GetExtents();
     view.ShowContentShadow();
-    dg::DPoint2D const centre = before.Centre();
+    dg::DPoint2D const centre = figure->GetExtents().Centre();
     EXPECT_TRUE(view.DragTo(centre, centre + dg::DVec2(16, 8)));
     EXPECT_EQ(session->GetHistory().GetUndoName(), "Fit Content");
-    EXPECT_NEAR(figure->GetExtents().XMin(), before.XMin() + 16, 1e-9);
+    auto const move = du::DynamicCast<figrep::FigureMoveDelta>(figure->GetDeltas().back());
+    ASSERT_TRUE(move);
+    EXPECT_NEAR(move->GetOffset().x, 16, 1e-9);
+    EXPECT_NEAR(move->GetOffset().y, 8, 1e-9);
     EXPECT_TRUE(session->GetHistory().Undo());
-    EXPECT_NEAR(figure->GetExtents().XMin(), before.XMin(), 1e-9);
     EXPECT_EQ(figure->GetDeltas().size(), 1u);
 }
 
