@@ -174,9 +174,6 @@ void Session::KeepTree(figkernel::DesignSource const& source) {
         figkernel::SourceIndex const parent = source.sheets[i].parent;
         if (parent < i) sheets_[i].parent = sheets_[parent].id;
     }
-    for (figkernel::PortSource const& port : source.ports) {
-        if (port.inside < sheets_.size()) sheets_[port.inside].border.insert(port.id);
-    }
 }
 
 bool Session::AddSheets(std::vector<std::string> const& paths, SessionOptions const& options,

@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include <figk/SettingValue.h>
@@ -37,7 +36,6 @@ struct SessionSheet {
     std::string name;
     std::string path;    ///< as a user reads it, "/power/regulator/"; the root is "/"
     std::string parent;  ///< id of the sheet that shows this one as a block; empty for the root
-    std::unordered_set<std::string> border;  ///< ids of the ports that lead into this sheet
     figrep::SmartPtr<figk::Sheet> record;
     figrep::SmartPtr<figrep::Figure> figure;  ///< loaded, pictures up to date
 };

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include <figk/Port.h>
+#include <figk/Sheet.h>
+#include <figkernel/SheetPortNode.h>
 #include <figrep/Figure.h>
 #include <figrep/FigurePortNodeDetail.h>
-#include <figrep/Port.h>
 #include <figrep/PortNode.h>
 #include <figrep/SchematicRepresentation.h>
 #include <figrep/SubNet.h>
@@ -16,20 +16,18 @@ namespace {
 
 constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
 
-std::string PortId(figrep::PortNode const& node) {
-    figrep::SmartPtr<figrep::Port> const port = node.GetPort();
-    figrep::SmartPtr<figk::AbstractItem> const record = port ? port->GetKernelItem() : nullptr;
-    return record ? record->GetId().GetString() : std::string();
+/// The id of the sheet into which the node leads, from either side; empty for none.
+std::string SheetInside(figrep::PortNode const& node) {
+    auto const record = du::DynamicCast<figkernel::SheetPortNode>(node.GetKernelPortNode());
+    figrep::SmartPtr<figk::Sheet> const sheet = record ? record->GetSheetInside() : nullptr;
+    return sheet ? sheet->GetId().GetString() : std::string();
 }
 
 }  // namespace
 
 SheetLinks::SheetLinks(std::vector<SessionSheet const*> const& sheets) : sheets_(sheets) {
-    for (std::size_t i = 0; i < sheets.size(); ++i) {
+    for (std::size_t i = 0; i < sheets.size(); ++i)
         places_[sheets[i]->id] = i;
-        for (std::string const& port : sheets[i]->border)
-            insides_[port] = sheets[i];
-    }
 }
 
 std::size_t SheetLinks::PlaceOf(std::string const& id) const {
@@ -48,12 +46,9 @@ std::size_t SheetLinks::PlaceOfFigure(figrep::PortNode const& node) const {
 std::string SheetLinks::Next(figrep::SmartPtr<figrep::PortNode> const& node) const {
     std::size_t const own = node ? PlaceOfFigure(*node) : NOWHERE;
     if (own == NOWHERE) return {};
-    auto const inside = insides_.find(PortId(*node));
-    std::size_t place = NOWHERE;
-    if (inside != insides_.end()) {
-        bool const entered = inside->second == sheets_[own];
-        place = PlaceOf(entered ? inside->second->parent : inside->second->id);
-    }
+    std::string const inside = SheetInside(*node);
+    bool const entered = inside == sheets_[own]->id;
+    std::size_t place = PlaceOf(entered ? sheets_[own]->parent : inside);
     if (place == NOWHERE) place = PlaceBehind(node, own);
     return place == NOWHERE ? std::string() : sheets_[place]->id;
 }

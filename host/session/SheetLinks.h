@@ -32,8 +32,7 @@ private:
     std::size_t PlaceBehind(figrep::SmartPtr<figrep::PortNode> const& node, std::size_t own) const;
 
     std::vector<SessionSheet const*> sheets_;
-    std::unordered_map<std::string, std::size_t> places_;           // by id
-    std::unordered_map<std::string, SessionSheet const*> insides_;  // by port id
+    std::unordered_map<std::string, std::size_t> places_;  // by id
 };
 
 }  // namespace fighost

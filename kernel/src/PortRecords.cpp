@@ -5,9 +5,11 @@
 
 namespace figkernel {
 
+SheetPortNode::~SheetPortNode() = default;
+
 PortNodeRecord::PortNodeRecord(du::SmartPtr<SheetLink> const& sheet, PortRecord* owner,
-                               dg::DPoint2D const& place)
-    : Record(nullptr, nullptr), link(sheet), port(owner), position(place) {}
+                               PortNodeSource const& source, dg::DPoint2D const& place)
+    : Record(nullptr, nullptr), link(sheet), port(owner), inside(source.inside), position(place) {}
 
 figk::SmartPtr<figk::Port> PortNodeRecord::GetPort() const {
     return du::Upward<figk::Port>(port);
@@ -15,6 +17,13 @@ figk::SmartPtr<figk::Port> PortNodeRecord::GetPort() const {
 
 std::string const& PortNodeRecord::GetName() const {
     return port ? port->GetName() : EmptyName();
+}
+
+figk::SmartPtr<figk::Sheet> PortNodeRecord::GetSheetInside() const {
+    auto const design = GetDesign();
+    if (!design || inside == NO_INDEX) return {};
+    auto const sheets = design->GetSheets();
+    return inside < sheets.size() ? sheets[inside] : nullptr;
 }
 
 bool PortNodeRecord::IsOnSubNet(figk::SmartPtr<figk::SubNet> const& asked) const {

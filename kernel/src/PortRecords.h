@@ -4,7 +4,8 @@
 #include <vector>
 
 #include <figk/Port.h>
-#include <figk/PortNode.h>
+#include <figkernel/DesignSource.h>
+#include <figkernel/SheetPortNode.h>
 
 #include "RecordBase.h"
 
@@ -17,10 +18,10 @@ class SubHighwayRecord;
 class SubNetRecord;
 
 /// Stands in the tree of a sub-net or of a sub-highway.
-class PortNodeRecord : public Record<figk::PortNode> {
+class PortNodeRecord : public Record<SheetPortNode> {
 public:
     PortNodeRecord(du::SmartPtr<SheetLink> const& sheet, PortRecord* owner,
-                   dg::DPoint2D const& place);
+                   PortNodeSource const& source, dg::DPoint2D const& place);
 
     figk::SmartPtr<figk::Port> GetPort() const override;
     /// That of the port.
@@ -28,6 +29,7 @@ public:
     dg::DPoint2D const& GetPosition() const override { return position; }
     figk::SmartPtr<figk::Sheet> GetSheet() const override { return link->Get(); }
     figk::SmartPtr<figk::Design> GetDesign() const override { return link->GetDesign(); }
+    figk::SmartPtr<figk::Sheet> GetSheetInside() const override;
     bool IsOnSubNet(figk::SmartPtr<figk::SubNet> const& subNet) const override;
     figk::SmartPtr<figk::Group> GetTextLabelContainerGroup() const override { return nullptr; }
 
@@ -43,6 +45,7 @@ private:
     PortRecord* port;
     SubNetRecord* subNet = nullptr;
     SubHighwayRecord* subHighway = nullptr;
+    SourceIndex inside;  // in the design's sheets
     dg::DPoint2D position;
 };
 

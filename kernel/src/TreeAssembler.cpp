@@ -43,8 +43,8 @@ void KeepSmaller(std::string& smallest, std::string const& id) {
     if (smallest.empty() || id < smallest) smallest = id;
 }
 
-/// Nobody drew a stub, but a run of wires may begin with one and is then drawn with its settings; so
-/// it takes those of the nearest segment, that above it before those below.
+/// Nobody drew a stub, but a run of wires may begin with one and is then drawn with its settings;
+/// so it takes those of the nearest segment, that above it before those below.
 template <class Record>
 void GiveStubsLooks(std::vector<PlanNode> const& plan,
                     std::vector<du::SmartPtr<figk::ConnectionNode>> const& nodes) {
@@ -60,10 +60,12 @@ void GiveStubsLooks(std::vector<PlanNode> const& plan,
         }
     };
     auto const lendDown = [&] {
-        for (std::size_t i = 1; i < plan.size(); ++i) lend(plan[i].parent, i);
+        for (std::size_t i = 1; i < plan.size(); ++i)
+            lend(plan[i].parent, i);
     };
     lendDown();
-    for (std::size_t i = plan.size(); i-- > 1;) lend(i, plan[i].parent);
+    for (std::size_t i = plan.size(); i-- > 1;)
+        lend(i, plan[i].parent);
     lendDown();
 }
 
@@ -96,7 +98,7 @@ du::SmartPtr<PortNodeRecord> TreeAssembler::MakePortNode(std::uint32_t index) {
     GridPoint place;
     ToGrid(drawn.position, place);
     du::SmartPtr<PortNodeRecord> const node(
-        new PortNodeRecord(sheet.GetLink(), &port, FromGrid(place)));
+        new PortNodeRecord(sheet.GetLink(), &port, drawn, FromGrid(place)));
     std::string const id = PortNodeId(index);
     node->SetId(ids.Make(IdMaker::PORT_NODE, id));
     node->SetSettings(context.SettingsOf(drawn.settings, drawn.id));

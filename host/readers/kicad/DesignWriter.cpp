@@ -26,36 +26,28 @@ bool IsSameOnAllSheets(std::string const& value) {
     return value.find("${") == std::string::npos;
 }
 
-/// The ports of a design: one for each global label, one for each label of a sub-sheet with the
-/// sheet pins that lead there.
+/// The ports of a design: one for each name of each net or bus. Labels and pins of several sheets
+/// that give one net one name share it, since figures tell ports by name and target alone.
 class Ports {
 public:
     explicit Ports(figkernel::DesignSource& source) : design(source) {}
 
-    SourceIndex Global(GivenName const& name, SourceIndex target) {
-        return Get("global:" + name.name, name, target, NO_INDEX);
-    }
-    /// `inside` is the sheet that the port leads into; NO_INDEX when it isn't there.
-    SourceIndex OfSheet(std::string const& sheetId, SourceIndex inside, GivenName const& name,
-                        SourceIndex target) {
-        return Get(sheetId + ":" + name.name, name, target, inside);
-    }
-
-private:
-    SourceIndex Get(std::string id, GivenName const& name, SourceIndex target, SourceIndex inside) {
-        auto const [at, fresh] = known.emplace(id, static_cast<SourceIndex>(design.ports.size()));
+    /// `id` is for a port that isn't there yet.
+    SourceIndex Get(std::string id, GivenName const& name, SourceIndex target) {
+        auto const [at, fresh] = known.emplace(std::tuple(name.bus, target, name.name),
+                                               static_cast<SourceIndex>(design.ports.size()));
         if (!fresh) return at->second;
         figkernel::PortSource port;
         port.id = std::move(id);
         port.name = name.name;
         (name.bus ? port.highway : port.net) = target;
-        port.inside = inside;
         design.ports.push_back(std::move(port));
         return at->second;
     }
 
+private:
     figkernel::DesignSource& design;
-    std::map<std::string, SourceIndex> known;
+    std::map<std::tuple<bool, SourceIndex, std::string>, SourceIndex> known;
 };
 
 class SheetWriter {
@@ -207,9 +199,9 @@ private:
         figkernel::PortNodeSource source;
         source.id = label.uuid;
         source.position = frame(label.at);
-        source.port = global ? ports.Global(name, nets.Of(node))
-                             : ports.OfSheet(graph.instance->id, IndexOf(*graph.instance), name,
-                                             nets.Of(node));
+        source.port = ports.Get((global ? "global" : graph.instance->id) + ":" + name.name, name,
+                                nets.Of(node));
+        if (!global) source.inside = IndexOf(*graph.instance);
         source.settings = looks.Colored(global ? Role::GLOBAL_LABEL : Role::HIERARCHICAL_LABEL,
                                         label.style.color);
         if (global) {
@@ -220,7 +212,6 @@ private:
         out.portNodes.push_back(std::move(source));
     }
 
-    /// A sheet pin leads to the label inside when there is one; else it is a port of its own.
     void WriteSheetPins() {
         for (std::size_t i = 0; i < graph.sheetPins.size(); ++i) {
             SheetPin const& pin = graph.GetSheetPin(i);
@@ -232,8 +223,9 @@ private:
             figkernel::PortNodeSource source;
             source.id = pin.uuid;
             source.position = frame(pin.at);
-            source.port = ports.OfSheet(owner, child == NO_SHEET ? NO_INDEX : child, name,
-                                        nets.Of(graph.firstSheetPin + static_cast<Node>(i)));
+            source.port = ports.Get(owner + ":" + name.name, name,
+                                    nets.Of(graph.firstSheetPin + static_cast<Node>(i)));
+            if (child != NO_SHEET) source.inside = child;
             source.settings = looks.Colored(Role::SHEET_PIN, pin.style.color);
             labels.DrawSheetPin(pin, name.name, source.graphics);
             out.portNodes.push_back(std::move(source));

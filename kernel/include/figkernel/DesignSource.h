@@ -149,6 +149,9 @@ struct PortNodeSource {
     dg::DPoint2D position;        ///< where wires or buses meet it
     SourceIndex settings = NO_INDEX;
     GroupSource graphics;
+    /// The sheet behind the node, or at whose inner side it stands, in `DesignSource::sheets`; for
+    /// hosts alone.
+    SourceIndex inside = NO_INDEX;
 };
 
 /// A point where all wires of a net (or all buses of a highway) that pass are joined, as a junction
@@ -277,7 +280,8 @@ struct HighwaySource {
 };
 
 /// A named way off a sheet, for one net or for one highway. All its nodes on all sheets, such as a
-/// sheet pin and the label inside the sheet, name the same port.
+/// sheet pin and the label inside the sheet, name the same port. A figure knows ports by their
+/// names and targets, so two of them with one name and one target can't be told apart there.
 struct PortSource {
     std::string id;
     std::string name;
@@ -285,8 +289,6 @@ struct PortSource {
     SourceIndex highway = NO_INDEX;  ///< ... and highway is set
     std::vector<AttributeSource> attributes;
     SourceIndex settings = NO_INDEX;
-    /// The sheet into which the port leads, in `DesignSource::sheets`; for hosts alone.
-    SourceIndex inside = NO_INDEX;
 };
 
 struct DesignSource {

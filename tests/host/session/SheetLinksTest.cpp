@@ -1,5 +1,6 @@
 #include <session/SheetLinks.h>
 
+#include <figrep/AbstractFigureItem.h>
 #include <figrep/Figure.h>
 #include <figrep/Port.h>
 #include <figrep/PortNode.h>
@@ -85,6 +86,20 @@ TEST_F(SheetLinksTest, APinOfABlockLeadsToTheBlocksOwnSheet) {
     EXPECT_EQ(Targets(links, 0, "IN"), (Paths{all[1]->path, all[3]->path}));
     EXPECT_EQ(Targets(links, 1, "X"), Paths{all[2]->path});
     EXPECT_EQ(Targets(links, 3, "X"), Paths{all[4]->path});
+}
+
+TEST_F(SheetLinksTest, PinsOfOneNameOnOneNetAreOnePortAndToldApart) {
+    std::set<SmartPtr<figrep::AbstractFigureItem>> found;
+    int ports = 0;
+    for (auto const& port : all[0]->figure->GetPorts()) {
+        if (port->GetName() != "IN") continue;
+        ++ports;
+        for (auto const& node : port->GetPortNodes())
+            found.insert(all[0]->figure->Find(node->GetId()));
+    }
+    EXPECT_EQ(ports, 1);
+    EXPECT_EQ(found.size(), 2U);
+    EXPECT_FALSE(found.count(nullptr));
 }
 
 TEST_F(SheetLinksTest, APinLeadsToItsSheetThoughNoLabelAnswersItThere) {
