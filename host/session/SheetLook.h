@@ -13,7 +13,7 @@ struct SheetLook {
     Theme theme = Theme::LIGHT;
     /// In place of the theme's own; with opacity 0 the sheet is transparent, and its colours are
     /// those for the theme's own ground.
-    std::optional<dg::Color> ground;
+    std::optional<dg::Color> ground = std::nullopt;
     bool frame = true;  ///< format and title block
 };
 

@@ -69,7 +69,9 @@ TEST_F(NetHighlightTest, ShowsOnAllSheetsThatTheNetIsOn) {
         if (any) highlighted.push_back(sheet.path);
     }
     for (NetEntry const& net : ListNets(*session)) {
-        if (net.name == "/SDA") EXPECT_EQ(highlighted, net.sheets);
+        if (net.name == "/SDA") {
+            EXPECT_EQ(highlighted, net.sheets);
+        }
     }
 }
 
@@ -82,7 +84,9 @@ TEST_F(NetHighlightTest, SeveralNetsHaveTheirOwnColours) {
         auto const found = colors.find(shape.net);
         EXPECT_EQ(shape.highlighted, found != colors.end()) << shape.item;
         for (Color const& ink : shape.inks) {
-            if (shape.highlighted) EXPECT_EQ(ink, found->second) << shape.item;
+            if (shape.highlighted) {
+                EXPECT_EQ(ink, found->second) << shape.item;
+            }
         }
     }
 }
@@ -95,7 +99,9 @@ TEST_F(NetHighlightTest, BusLightsUpWhereTheNetRuns) {
         if (IsOfBus(shape)) ++(shape.highlighted ? lit : dark);
         bool const onNet = shape.net == "/D3";
         bool const isWire = shape.item.rfind("NetSegment", 0) == 0;
-        if (isWire) EXPECT_EQ(shape.highlighted, onNet) << shape.item;
+        if (isWire) {
+            EXPECT_EQ(shape.highlighted, onNet) << shape.item;
+        }
     }
     EXPECT_GT(lit, 0u);
     EXPECT_GT(dark, 0u) << "the bus goes on beyond the tap";

@@ -21,7 +21,7 @@ struct RecordedShape {
 
 class ShapeRecorder : public Painter {
 public:
-    void BeginSheet(PaintedSheet const& sheet) override { this->sheet = sheet; }
+    void BeginSheet(PaintedSheet const& painted) override { sheet = painted; }
     void EndSheet() override {}
     void BeginItem(PaintedItem const& item) override;
     void EndItem() override {}
