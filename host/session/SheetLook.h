@@ -19,9 +19,9 @@ struct SheetLook {
 
 /// Gives the figure the look by settings at `LEVEL_PROFILE`, in place of an earlier look:
 ///
-/// - the figure's `BACKGROUND_COLOR`, `FILL_ATTRIBUTES` (for bodies), `COLOR` (for what has no
-/// role)
-///   and the two highlight colours;
+/// - the figure's `BACKGROUND_COLOR`, its `FILL_ATTRIBUTES` (for bodies), the two
+///   highlight colours,
+///   and `COLOR` for what has no role;
 /// - `COLOR` of sub-nets, sub-highways and the format;
 /// - `COLOR` of graphics and texts from the kernel by their role (`KEY_ROLE`). A colour that the
 ///   file chose stays the item's own in print; the dark theme keeps it where it is readable and

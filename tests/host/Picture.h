@@ -9,13 +9,11 @@
 
 namespace fighost::test {
 
-/// Brings the figure's pictures up to date and paints it, on its own paper, as SVG.
+/// Brings the figure's pictures up to date and paints it as SVG.
 inline std::string Picture(figrep::SmartPtr<figrep::Figure> const& figure) {
     figure->UpdateContent();
     SvgPainter painter;
-    PaintOptions options;
-    figure->GetColorSetting(figrep::Setting::BACKGROUND_COLOR, options.background);
-    PaintFigure(figure, painter, options);
+    PaintFigure(figure, painter);
     return painter.TakeDocument();
 }
 

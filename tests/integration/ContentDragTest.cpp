@@ -8,6 +8,7 @@
 #include <figrep/Figure.h>
 #include <figrep/FigureMoveDelta.h>
 #include <figrep/ScaleAction.h>
+#include <host/Picture.h>
 #include <persistence/SavedFigures.h>
 #include <session/HeadlessView.h>
 #include <session/History.h>
@@ -107,7 +108,7 @@ void DragAndCheck(std::string const& file, HeadlessView::Kind kind, unsigned gri
     auto const& sheet = opened.session->GetSheets().at(0);
     auto const deltas = sheet.figure->GetDeltas().size();
     // Painting lays out the frame, which then counts in the extents.
-    std::string const untouched = PictureOf(sheet.figure);
+    std::string const untouched = Picture(sheet.figure);
     sheet.figure->SetExtents(dg::DBox2D::EMPTY);
     dg::DBox2D const box = sheet.figure->GetExtents();
 
@@ -119,18 +120,18 @@ void DragAndCheck(std::string const& file, HeadlessView::Kind kind, unsigned gri
     ASSERT_TRUE(view.Press(way.from));
     EXPECT_EQ(view.GetCursor(), CursorOf(grip, kind));
     view.MoveTo({way.from.x, way.to.y});
-    EXPECT_TRUE(PictureOf(sheet.figure) == untouched) << "the content must wait for the release";
+    EXPECT_TRUE(Picture(sheet.figure) == untouched) << "the content must wait for the release";
     view.Release(way.to);
 
     EXPECT_TRUE(view.GetCursor().IsEmpty());
     EXPECT_EQ(history.CountUndo(), 1u);
     EXPECT_EQ(sheet.figure->GetDeltas().size(), deltas + 1);
     ExpectRecorded(sheet.figure, grip, way, box.Centre());
-    std::string const dragged = PictureOf(sheet.figure);
+    std::string const dragged = Picture(sheet.figure);
     EXPECT_FALSE(dragged == untouched);
     auto const fresh = Reload(WriteSavedFigures({{sheet.figure, nullptr}}, {}), sheet);
     ASSERT_TRUE(fresh);
-    EXPECT_TRUE(PictureOf(fresh) == dragged) << "the pictures differ";
+    EXPECT_TRUE(Picture(fresh) == dragged) << "the pictures differ";
     EXPECT_EQ(FirstDifference(fresh, sheet.figure), "");
 
     dg::DBox2D const after = sheet.figure->GetExtents();

@@ -4,9 +4,10 @@
 #include <cstdint>
 
 #include <figrep/Figure.h>
-#include <support/Corpus.h>
+#include <host/Picture.h>
 #include <persistence/SavedFigures.h>
 #include <session/Session.h>
+#include <support/Corpus.h>
 #include <support/RandomEdits.h>
 
 #include "SavedPictures.h"
@@ -25,7 +26,7 @@ void ExpectChangesComeBack(SessionSheet const& sheet, std::uint64_t seed) {
     auto const fresh = Reload(WriteSavedFigures({{sheet.figure, nullptr}}, {}), sheet);
     ASSERT_TRUE(fresh);
     // Pictures first: those of the wires are part of what is dumped.
-    EXPECT_TRUE(PictureOf(fresh) == PictureOf(sheet.figure)) << "the pictures differ";
+    EXPECT_TRUE(Picture(fresh) == Picture(sheet.figure)) << "the pictures differ";
     EXPECT_EQ(FirstDifference(fresh, sheet.figure), "");
 }
 

@@ -5,8 +5,6 @@
 #include <algorithm>
 
 #include <figrep/Figure.h>
-#include <painters/PaintFigure.h>
-#include <painters/SvgPainter.h>
 #include <persistence/ApplySaved.h>
 #include <persistence/SavedFigures.h>
 #include <session/SheetFrame.h>
@@ -15,13 +13,6 @@
 namespace fighost::test {
 
 using figrep::SmartPtr;
-
-std::string PictureOf(SmartPtr<figrep::Figure> const& figure) {
-    figure->UpdateContent();
-    SvgPainter painter;
-    PaintFigure(figure, painter, PaintOptions());
-    return painter.TakeDocument();
-}
 
 SmartPtr<figrep::Figure> Reload(std::string const& bytes, SessionSheet const& sheet) {
     auto read = ReadSavedFigures(bytes, "saved");

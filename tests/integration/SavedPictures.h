@@ -8,9 +8,6 @@
 
 namespace fighost::test {
 
-/// The figure's picture as SVG, brought up to date.
-std::string PictureOf(figrep::SmartPtr<figrep::Figure> const& figure);
-
 /// A figure of the sheet made from the bytes of a file with one saved figure, all changes of which
 /// must apply. Null, with a failure, when the file can't be read.
 figrep::SmartPtr<figrep::Figure> Reload(std::string const& bytes, SessionSheet const& sheet);

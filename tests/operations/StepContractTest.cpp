@@ -219,7 +219,7 @@ TEST_P(StepContract, LeavesNothingBehindWhenItHoldsTheFigureLast) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Steps, StepContract, ::testing::ValuesIn(Cases()),
-                         [](auto const& info) { return info.param.name; });
+                         [](auto const& step) { return step.param.name; });
 
 }  // namespace
 }  // namespace figrep::testing
