@@ -144,6 +144,13 @@ TEST(CorpusEdits, SavedAndAppliedAgainThePicturesAreThoseOfTheLiveFigures) {
     EXPECT_GE(tested, 10u);
 }
 
+// A move taken back brings things where they were, but for the last digits of their places.
+void ExpectAlikeWithinRounding(Strings const& pictures, Strings const& wanted) {
+    ASSERT_EQ(pictures.size(), wanted.size());
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        EXPECT_TRUE(test::AreAlike(pictures[i], wanted[i])) << "picture " << i;
+}
+
 TEST(CorpusEdits, AllUndoneThePicturesAreThoseOfTheUntouchedFigures) {
     SKIP_WITHOUT_CORPUS();
     std::uint64_t seed = 100;
@@ -160,10 +167,10 @@ TEST(CorpusEdits, AllUndoneThePicturesAreThoseOfTheUntouchedFigures) {
         std::size_t undone = 0;
         while (opened.session->GetHistory().Undo())
             ++undone;
-        EXPECT_TRUE(Pictures(*opened.session) == plain);
+        ExpectAlikeWithinRounding(Pictures(*opened.session), plain);
         while (undone-- > 0)
             ASSERT_TRUE(opened.session->GetHistory().Redo());
-        EXPECT_TRUE(Pictures(*opened.session) == edited);
+        ExpectAlikeWithinRounding(Pictures(*opened.session), edited);
         ++tested;
     }
 }

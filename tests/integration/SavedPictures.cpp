@@ -8,6 +8,7 @@
 #include <persistence/ApplySaved.h>
 #include <persistence/SavedFigures.h>
 #include <session/SheetFrame.h>
+#include <session/SheetLook.h>
 #include <support/FigureDump.h>
 
 namespace fighost::test {
@@ -20,6 +21,7 @@ SmartPtr<figrep::Figure> Reload(std::string const& bytes, SessionSheet const& sh
     if (!read.file) return {};
     SmartPtr<figrep::Figure> const figure = new figrep::Figure();
     AddSheetFrame(sheet.record, figure);
+    ApplyLook(figure, SheetLook());
     auto& saved = read.file->figures[0];
     for (auto const& report : ApplySavedFigure(figure, saved, DeltaTypes(), read.file->names))
         EXPECT_EQ(report.outcome, DeltaReport::APPLIED) << report.ToString();

@@ -26,7 +26,7 @@ TEST(InfoItem, TellsAnItemInWords) {
     Outcome const outcome = Figrep({"info", EXAMPLE_FILE, "--item", "R1"});
     EXPECT_EQ(outcome.code, 0) << outcome.err;
     EXPECT_EQ(outcome.out.substr(0, 17), "BlockInstance R1\n");
-    EXPECT_NE(outcome.out.find("from its record"), std::string::npos);
+    EXPECT_NE(outcome.out.find("level 3 (profile), from figure"), std::string::npos);
     EXPECT_NE(outcome.out.find("/SDA"), std::string::npos);
 }
 

@@ -10,9 +10,11 @@
 #include <figrep/SubNet.h>
 #include <host/session/ExampleSession.h>
 #include <session/ForEachItem.h>
+#include <session/Inventory.h>
 #include <session/ShowHide.h>
 #include <support/Drawing.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -57,6 +59,15 @@ TEST_F(ItemStatusTest, APartTellsItsPinsAndFields) {
     EXPECT_EQ(status.pins, (ItemStatus::Pairs{{"1", "+3V3"}, {"2", "/SDA"}}));
     EXPECT_EQ(status.nets, (Names{"+3V3", "/SDA"}));
     EXPECT_EQ(status.attributes, (ItemStatus::Pairs{{"Reference", "R1"}, {"Value", "4k7"}}));
+}
+
+TEST_F(ItemStatusTest, ATextTellsTheColourThatItsRecordGivesIt) {
+    std::vector<ItemEntry> const items = ListItems(*session);
+    auto const text = std::find_if(items.begin(), items.end(), [](ItemEntry const& item) {
+        return item.type == "TextGraphic" && item.name == "Weather station" && !item.id.empty();
+    });
+    ASSERT_NE(text, items.end());
+    ItemStatus const status = Status(text->id);
     ASSERT_TRUE(Setting(status, "color"));
     EXPECT_EQ(Setting(status, "color")->from, "its record");
     EXPECT_EQ(Setting(status, "color")->steps, 0u);
