@@ -199,6 +199,11 @@ public:
             if (node->IsJunction()) node->Disconnect();
         }
     }
+    /// What fell off is out of the figure's reach.
+    ~RandomTree() {
+        for (auto const& node : nodes_)
+            node->CutTree();
+    }
     SmartPtr<ConnectionNode> GetTop() const { return nodes_.front(); }
 
     SmartPtr<SubNet> net = Net();
