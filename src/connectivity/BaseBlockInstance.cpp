@@ -10,9 +10,9 @@
 
 #include "BlockActions.h"
 #include "GroupFineChecks.h"
-#include "InheritedAttributes.h"
 #include "Labels.h"
 #include "Transforms.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 

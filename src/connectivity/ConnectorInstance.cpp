@@ -14,8 +14,8 @@
 #include <sstream>
 
 #include "Ids.h"
-#include "InheritedAttributes.h"
 #include "Transforms.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -217,10 +217,7 @@ ConstSmartPtr<figk::Setting> ConnectorInstance::GetInheritedSetting(Setting::Rep
                                                                     unsigned int& depth,
                                                                     bool) const {
     zvk::ReadGuard const guard(GetLock());
-    ConstSmartPtr<figk::Setting> setting;
-    if (blockInstance_) setting = blockInstance_->SettingList::GetSetting(key, depth, true);
-    ++depth;
-    return setting;
+    return SettingOf(blockInstance_, key, depth);
 }
 
 void ConnectorInstance::GetAllInheritedAttributes(figk::AttributeSet& out) const {

@@ -9,7 +9,7 @@
 #include <zvk/ReadWriteLock.h>
 
 #include "Ids.h"
-#include "InheritedAttributes.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -125,10 +125,7 @@ bool HighwaySegment::AcceptNode(AbstractFigureVisitor& visitor) {
 ConstSmartPtr<figk::Setting> HighwaySegment::GetInheritedSetting(Setting::RepKey key,
                                                                  unsigned int& depth,
                                                                  bool inheritableOnly) const {
-    if (!subHighway_) return nullptr;
-    auto setting = subHighway_->SettingList::GetSetting(key, depth, inheritableOnly);
-    ++depth;
-    return setting;
+    return subHighway_ ? SettingOf(subHighway_, key, depth, inheritableOnly) : nullptr;
 }
 
 void HighwaySegment::GetAllInheritedAttributes(figk::AttributeSet& out) const {

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-#include "InheritedAttributes.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -95,12 +95,7 @@ void Port::Accept(AbstractFigureVisitor& visitor) {
 ConstSmartPtr<figk::Setting> Port::GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                        bool) const {
     zvk::ReadGuard const guard(GetLock());
-    ConstSmartPtr<figk::Setting> setting;
-    if (auto const figure = GetFigure()) {
-        setting = figure->SettingList::GetSetting(key, depth, true);
-    }
-    ++depth;
-    return setting;
+    return SettingOf(GetFigure(), key, depth);
 }
 
 void Port::GetAllInheritedAttributes(figk::AttributeSet& out) const {

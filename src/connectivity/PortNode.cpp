@@ -13,8 +13,8 @@
 #include <sstream>
 
 #include "Ids.h"
-#include "InheritedAttributes.h"
 #include "Transforms.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -265,10 +265,7 @@ DPoint2D PortNode::GetPosition() const {
 ConstSmartPtr<figk::Setting> PortNode::GetInheritedSetting(Setting::RepKey key, unsigned int& depth,
                                                            bool) const {
     zvk::ReadGuard const guard(AbstractFigureItem::GetLock());
-    ConstSmartPtr<figk::Setting> setting;
-    if (port_) setting = port_->SettingList::GetSetting(key, depth, true);
-    ++depth;
-    return setting;
+    return SettingOf(port_, key, depth);
 }
 
 void PortNode::GetAllInheritedAttributes(figk::AttributeSet& out) const {

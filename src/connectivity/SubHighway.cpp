@@ -11,10 +11,10 @@
 #include <deque>
 #include <utility>
 
-#include "InheritedAttributes.h"
 #include "Labels.h"
 #include "NodeWalk.h"
 #include "Transforms.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -166,12 +166,7 @@ void SubHighway::MarkCrossingPartners() {
 ConstSmartPtr<figk::Setting> SubHighway::GetInheritedSetting(Setting::RepKey key,
                                                              unsigned int& depth, bool) const {
     zvk::ReadGuard const guard(GetLock());
-    ConstSmartPtr<figk::Setting> setting;
-    if (auto const figure = GetFigure()) {
-        setting = figure->SettingList::GetSetting(key, depth, true);
-    }
-    ++depth;
-    return setting;
+    return SettingOf(GetFigure(), key, depth);
 }
 
 void SubHighway::GetAllInheritedAttributes(figk::AttributeSet& out) const {

@@ -19,10 +19,10 @@
 #include <deque>
 #include <utility>
 
-#include "InheritedAttributes.h"
 #include "Labels.h"
 #include "NodeWalk.h"
 #include "Transforms.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -247,12 +247,7 @@ ConstSmartPtr<figk::Setting> SubNet::GetInheritedSetting(Setting::RepKey key, un
             return setting;
         }
     }
-    ConstSmartPtr<figk::Setting> setting;
-    if (auto const figure = GetFigure()) {
-        setting = figure->SettingList::GetSetting(key, depth, true);
-    }
-    ++depth;
-    return setting;
+    return SettingOf(GetFigure(), key, depth);
 }
 
 void SubNet::GetAllInheritedAttributes(figk::AttributeSet& out) const {

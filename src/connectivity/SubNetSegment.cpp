@@ -5,7 +5,7 @@
 #include <figrep/TextGraphic.h>
 #include <zvk/ReadWriteLock.h>
 
-#include "InheritedAttributes.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -59,10 +59,7 @@ unsigned int SubNetSegment::GetNextTextLabelId() {
 ConstSmartPtr<figk::Setting> SubNetSegment::GetInheritedSetting(Setting::RepKey key,
                                                                 unsigned int& depth,
                                                                 bool inheritableOnly) const {
-    if (!subNet_) return nullptr;
-    auto setting = subNet_->SettingList::GetSetting(key, depth, inheritableOnly);
-    ++depth;
-    return setting;
+    return subNet_ ? SettingOf(subNet_, key, depth, inheritableOnly) : nullptr;
 }
 
 void SubNetSegment::GetAllInheritedAttributes(figk::AttributeSet& out) const {

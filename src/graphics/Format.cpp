@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "connectivity/Transforms.h"
+#include "settings/Inheritance.h"
 
 namespace figrep {
 
@@ -187,10 +188,7 @@ void Format::Accept(AbstractFigureVisitor& visitor) {
 ConstSmartPtr<figk::Setting> Format::GetInheritedSetting(Setting::RepKey key, unsigned& depth,
                                                          bool) const {
     zvk::ReadGuard guard(GetLock());
-    ConstSmartPtr<figk::Setting> found;
-    if (SmartPtr<Figure> const figure = GetFigure()) found = figure->GetSetting(key, depth, true);
-    ++depth;
-    return found;
+    return SettingOf(GetFigure(), key, depth);
 }
 
 void Format::GetAllInheritedAttributes(figk::AttributeSet& out) const {
@@ -198,8 +196,7 @@ void Format::GetAllInheritedAttributes(figk::AttributeSet& out) const {
 }
 
 SmartPtr<figk::Attribute> Format::GetInheritedAttribute(Symbol const& name) const {
-    auto const figure = GetFigure();
-    return figure ? figure->GetAttribute(name, true) : nullptr;
+    return AttributeOf(GetFigure(), name);
 }
 
 }  // namespace figrep

@@ -9,6 +9,8 @@
 #include <figrep/TokenObserver.h>
 #include <zvk/ReadWriteLock.h>
 
+#include "settings/Inheritance.h"
+
 namespace figrep {
 
 namespace {
@@ -292,10 +294,7 @@ void TitleBlock::Accept(AbstractFigureVisitor& visitor) {
 ConstSmartPtr<figk::Setting> TitleBlock::GetInheritedSetting(Setting::RepKey key, unsigned& depth,
                                                              bool) const {
     zvk::ReadGuard guard(GetLock());
-    ConstSmartPtr<figk::Setting> found;
-    if (format_) found = format_->GetSetting(key, depth, true);
-    ++depth;
-    return found;
+    return SettingOf(format_, key, depth);
 }
 
 void TitleBlock::GetAllInheritedAttributes(figk::AttributeSet& out) const {
@@ -305,7 +304,7 @@ void TitleBlock::GetAllInheritedAttributes(figk::AttributeSet& out) const {
 
 SmartPtr<figk::Attribute> TitleBlock::GetInheritedAttribute(Symbol const& name) const {
     zvk::ReadGuard guard(GetLock());
-    return format_ ? format_->GetAttribute(name, true) : nullptr;
+    return AttributeOf(format_, name);
 }
 
 }  // namespace figrep
