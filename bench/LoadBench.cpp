@@ -12,7 +12,7 @@
 #include <figkernel/DesignBuilder.h>
 #include <figrep/Figure.h>
 #include <readers/kicad/ReadDesign.h>
-#include <readers/kicad/SExpression.h>
+#include <readers/kicad/file/SExpression.h>
 #include <support/Corpus.h>
 #include <support/CpuTimer.h>
 #include <support/GeneratedDesign.h>

@@ -1,5 +1,5 @@
 #include <cli/Commands.h>
-#include <session/Dump.h>
+#include <session/query/Dump.h>
 
 namespace fighost {
 

@@ -1,7 +1,7 @@
 #include <cli/Commands.h>
 #include <cli/SavedFile.h>
-#include <session/EditScript.h>
-#include <session/Edits.h>
+#include <session/edits/EditScript.h>
+#include <session/edits/Edits.h>
 
 #include <algorithm>
 #include <optional>

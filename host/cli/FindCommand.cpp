@@ -1,7 +1,7 @@
 #include <cli/Commands.h>
 #include <cli/Json.h>
 #include <cli/Lines.h>
-#include <session/Find.h>
+#include <session/query/Find.h>
 
 namespace fighost {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cli/Json.h>
-#include <session/ItemStatus.h>
+#include <session/query/ItemStatus.h>
 
 #include <string>
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include <session/Inventory.h>
-#include <session/SheetPlace.h>
+#include <session/query/Inventory.h>
+#include <session/query/SheetPlace.h>
 #include <nlohmann/json.hpp>
 
 namespace fighost {

@@ -2,9 +2,9 @@
 #include <cli/Json.h>
 #include <cli/Lines.h>
 #include <figrep/AbstractFigureItem.h>
-#include <session/ForEachItem.h>
-#include <session/ItemStatus.h>
-#include <session/Picker.h>
+#include <session/items/ForEachItem.h>
+#include <session/query/ItemStatus.h>
+#include <session/query/Picker.h>
 
 #include <cmath>
 #include <optional>

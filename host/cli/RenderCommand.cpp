@@ -3,8 +3,8 @@
 #include <cli/RenderHighlights.h>
 #include <cli/RenderJob.h>
 #include <cli/SavedFile.h>
-#include <session/Contrast.h>
-#include <session/ShowHide.h>
+#include <session/edits/ShowHide.h>
+#include <session/look/Contrast.h>
 #include <memory>
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 #include <cli/RenderHighlights.h>
 
 #include <cli/Color.h>
-#include <session/NearNames.h>
-#include <session/NetHighlight.h>
+#include <session/nets/NetHighlight.h>
+#include <session/query/NearNames.h>
 #include <algorithm>
 #include <cstddef>
 

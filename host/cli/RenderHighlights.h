@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include <session/Palette.h>
 #include <session/Session.h>
+#include <session/look/Palette.h>
 
 namespace fighost {
 

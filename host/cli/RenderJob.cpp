@@ -5,7 +5,7 @@
 #include <painters/PaintFigure.h>
 #include <painters/SvgPainter.h>
 #include <session/SheetFileName.h>
-#include <session/SheetLinks.h>
+#include <session/nets/SheetLinks.h>
 #include <utility>
 
 namespace fighost {

@@ -1,8 +1,8 @@
 #include <cli/Commands.h>
 #include <cli/Json.h>
 #include <cli/Output.h>
-#include <session/Trace.h>
-#include <session/TraceIndex.h>
+#include <session/nets/Trace.h>
+#include <session/nets/TraceIndex.h>
 
 namespace fighost {
 

@@ -2,7 +2,7 @@
 #include <CLI/CLI.hpp>
 
 #include <cli/Commands.h>
-#include <session/Edits.h>
+#include <session/edits/Edits.h>
 #include <csignal>
 #include <exception>
 #include <functional>

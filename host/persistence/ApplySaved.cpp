@@ -22,7 +22,7 @@
 #include <persistence/ContentFields.h>
 #include <persistence/Deletable.h>
 #include <persistence/DescribeDelta.h>
-#include <persistence/TitleBlockTexts.h>
+#include <persistence/PublishedTexts.h>
 #include <zvk/ReadWriteLock.h>
 
 namespace fighost {

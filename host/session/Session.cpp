@@ -16,8 +16,8 @@
 #include <figrep/SchematicRepresentation.h>
 #include <figrep/Setting.h>
 #include <readers/kicad/ReadDesign.h>
-#include <session/SheetFrame.h>
-#include <session/SheetTokens.h>
+#include <session/frame/SheetFrame.h>
+#include <session/frame/SheetTokens.h>
 #include <zvk/Depiction.h>
 
 namespace fighost {

@@ -13,7 +13,7 @@
 #include <readers/Findings.h>
 #include <session/History.h>
 #include <session/SavedState.h>
-#include <session/SheetLook.h>
+#include <session/look/SheetLook.h>
 
 namespace figkernel {
 struct DesignSource;

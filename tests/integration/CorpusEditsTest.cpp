@@ -6,9 +6,9 @@
 #include <fstream>
 
 #include <host/Picture.h>
-#include <session/Edits.h>
-#include <session/Inventory.h>
 #include <session/Session.h>
+#include <session/edits/Edits.h>
+#include <session/query/Inventory.h>
 #include <support/Corpus.h>
 #include <support/Random.h>
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include <integration/oracle/NetOracle.h>
-#include <session/Inventory.h>
 #include <session/Session.h>
+#include <session/query/Inventory.h>
 #include <support/Corpus.h>
 
 namespace fighost {

@@ -10,8 +10,8 @@
 #include <figrep/Figure.h>
 #include <figrep/Format.h>
 #include <integration/oracle/Texts.h>
-#include <session/Find.h>
 #include <session/Session.h>
+#include <session/query/Find.h>
 #include <support/Corpus.h>
 
 namespace fighost {
@@ -53,8 +53,7 @@ std::vector<std::string> Pieces(std::string const& text) {
     }
 }
 
-bool HoldsAll(std::string const& text, std::vector<std::string> const& pieces) {
-    std::string const plain = Plain(text);
+bool HoldsAll(std::string const& plain, std::vector<std::string> const& pieces) {
     return std::all_of(pieces.begin(), pieces.end(), [&](std::string const& piece) {
         return plain.find(piece) != std::string::npos;
     });
@@ -76,24 +75,28 @@ std::string CellOf(Session const& session, SheetPlace const& place) {
     return row.GetString() + column.GetString();
 }
 
-using BySheet = std::map<std::string, std::vector<Match>>;
+/// A text that the search found, as texts compare.
+struct FoundText {
+    std::string plain;
+    SheetPlace place;
+};
+using BySheet = std::map<std::string, std::vector<FoundText>>;
 
-/// Whether one of the matches is the text; takes the nearest one out.
-bool Take(std::vector<Match>& matches, oracle::VisibleText const& text) {
+/// Whether one of the texts found is this one; takes the nearest one out.
+bool Take(std::vector<FoundText>& found, oracle::VisibleText const& text) {
     std::vector<std::string> const pieces = Pieces(text.text);
     bool const whole = pieces.size() == 1 && text.placed;
-    auto nearest = matches.end();
+    auto nearest = found.end();
     double distance = static_cast<double>(text.reach) / 1e4;
-    for (auto match = matches.begin(); match != matches.end(); ++match) {
-        if (match->kind != Match::TEXT || !HoldsAll(match->text, pieces)) continue;
-        if (whole && Plain(match->text) != pieces[0]) continue;
+    for (auto it = found.begin(); it != found.end(); ++it) {
+        if (!HoldsAll(it->plain, pieces) || (whole && it->plain != pieces[0])) continue;
         if (!text.placed) return true;  // the frame shows several fields in one text
-        if (DistanceTo(match->place, text) > distance) continue;
-        distance = DistanceTo(match->place, text);
-        nearest = match;
+        if (DistanceTo(it->place, text) > distance) continue;
+        distance = DistanceTo(it->place, text);
+        nearest = it;
     }
-    if (nearest == matches.end()) return false;
-    matches.erase(nearest);
+    if (nearest == found.end()) return false;
+    found.erase(nearest);
     return true;
 }
 
@@ -115,7 +118,8 @@ TEST(CorpusTexts, EveryVisibleTextOfTheFilesIsFoundWhereItStands) {
         BySheet bySheet;
         for (Match const& match : FindMatches(*opened.session, "")) {
             EXPECT_EQ(match.place.GetCell(), CellOf(*opened.session, match.place)) << match.text;
-            bySheet[match.place.sheet].push_back(match);
+            if (match.kind != Match::TEXT) continue;
+            bySheet[match.place.sheet].push_back({Plain(match.text), match.place});
         }
         std::vector<oracle::VisibleText> const texts = TextsOf(root);
         EXPECT_FALSE(texts.empty());

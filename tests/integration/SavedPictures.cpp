@@ -7,8 +7,8 @@
 #include <figrep/Figure.h>
 #include <persistence/ApplySaved.h>
 #include <persistence/SavedFigures.h>
-#include <session/SheetFrame.h>
-#include <session/SheetLook.h>
+#include <session/frame/SheetFrame.h>
+#include <session/look/SheetLook.h>
 #include <support/FigureDump.h>
 
 namespace fighost::test {

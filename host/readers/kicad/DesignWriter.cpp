@@ -6,11 +6,11 @@
 #include <unordered_set>
 
 #include <readers/FileSource.h>
-#include <readers/kicad/Variables.h>
+#include <readers/kicad/design/Variables.h>
 
-#include "LabelPictures.h"
-#include "SheetPictures.h"
-#include "SymbolPictures.h"
+#include <readers/kicad/pictures/LabelPictures.h>
+#include <readers/kicad/pictures/SheetPictures.h>
+#include <readers/kicad/pictures/SymbolPictures.h>
 
 namespace fighost::kicad {
 

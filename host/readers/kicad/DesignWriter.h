@@ -3,7 +3,7 @@
 
 #include <figkernel/DesignSource.h>
 #include <readers/Findings.h>
-#include <readers/kicad/Nets.h>
+#include <readers/kicad/nets/Nets.h>
 
 namespace fighost::kicad {
 

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include <readers/kicad/DesignWriter.h>
-#include <readers/kicad/Hierarchy.h>
-#include <readers/kicad/Nets.h>
+#include <readers/kicad/design/Hierarchy.h>
+#include <readers/kicad/nets/Nets.h>
 
 namespace fighost::kicad {
 

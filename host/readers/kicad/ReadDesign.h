@@ -7,7 +7,7 @@
 #include <figkernel/DesignSource.h>
 #include <readers/FileSource.h>
 #include <readers/Findings.h>
-#include <readers/kicad/Limits.h>
+#include <readers/kicad/file/Limits.h>
 
 namespace fighost::kicad {
 

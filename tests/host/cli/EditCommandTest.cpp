@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include <host/cli/RunProgram.h>
-#include <session/Edits.h>
+#include <session/edits/Edits.h>
 
 namespace fighost::test {
 namespace {

@@ -8,7 +8,7 @@
 #include <figrep/FigureSheetDeltaGenerator.h>
 #include <persistence/ApplySaved.h>
 #include <persistence/SavedFigures.h>
-#include <session/SheetFrame.h>
+#include <session/frame/SheetFrame.h>
 
 #include "../../deltas/DeltaTestSupport.h"
 

@@ -4,7 +4,7 @@
 
 #include <figk/Setting.h>
 #include <figk/SettingValue.h>
-#include <readers/kicad/Looks.h>
+#include <readers/kicad/pictures/Looks.h>
 #include <zv2d/CircularArc.h>
 #include <zv2d/Picture.h>
 #include <zv2d/TexPolyline.h>
