@@ -47,7 +47,7 @@ protected:
     virtual std::string NameOf(du::RefCounted const& object);
 
 private:
-    bool Report(ConnectionNode const& node, std::string const& text);
+    bool Report(SmartPtr<ConnectionNode> const& node, std::string const& more = {});
     void ReportChildren(ConnectionNode const& node);
     void ReportChild(char const* side, SmartPtr<ConnectionNode> const& child);
 

@@ -35,7 +35,7 @@ public:
     bool Visit(SmartPtr<BlockInstance> const& item) override;
 
 private:
-    bool DisplaySettings(std::string const& title, SettingList const& settings);
+    bool DisplaySettings(std::string const& title, SmartPtr<SettingList> const& settings);
 
     std::ostream& out_;
 };

@@ -49,6 +49,7 @@ TidyJunctionsVisitor& TidyJunctionsVisitor::operator=(TidyJunctionsVisitor const
 TidyJunctionsVisitor::~TidyJunctionsVisitor() = default;
 
 bool TidyJunctionsVisitor::Visit(SmartPtr<Figure> const& figure) {
+    if (!figure) return false;
     for (auto const& subHighway : figure->GetSubHighways())
         subHighway->Accept(*this);
     for (auto const& subNet : figure->GetSubNets())
@@ -75,7 +76,8 @@ bool TidyJunctionsVisitor::Visit(SmartPtr<JunctionNode> const& junction) {
 // Junctions can stand below one another as often as a net branches, so they aren't visited from
 // within each other. The walk stays on the sub-net like any other of its tree.
 void TidyJunctionsVisitor::VisitChildren(SmartPtr<ConnectionNode> const& top) {
-    std::vector<SmartPtr<ConnectionNode>> pending{top};
+    std::vector<SmartPtr<ConnectionNode>> pending;
+    if (top) pending.push_back(top);
     auto const enter = [&](SmartPtr<ConnectionNode> const& node) {
         if (node && (!subNet_ || node->Visit(subNet_))) pending.push_back(node);
     };

@@ -37,7 +37,7 @@ std::string DebugConnectivityVisitor::NameOf(du::RefCounted const& object) {
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<SubNet> const& item) {
-    if (onlySubNet_ && item != subNet_) return false;
+    if (!item || (onlySubNet_ && item != subNet_)) return false;
     out_ << "++ SubNet " << item->GetId().GetString() << " (" << NameOf(*item) << ")";
     auto const record = item->GetKernelSubNet();
     auto const net = record ? record->GetNet() : SmartPtr<figk::Net>();
@@ -50,13 +50,16 @@ bool DebugConnectivityVisitor::Visit(SmartPtr<SubNet> const& item) {
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<SubHighway> const& item) {
+    if (!item) return false;
     out_ << "++ SubHighway " << item->GetId().GetString() << " (" << NameOf(*item) << ")\n";
     return true;
 }
 
-bool DebugConnectivityVisitor::Report(ConnectionNode const& node, std::string const& text) {
-    out_ << "  " << text << " (" << NameOf(node) << ")\n";
-    ReportChildren(node);
+bool DebugConnectivityVisitor::Report(SmartPtr<ConnectionNode> const& node,
+                                      std::string const& more) {
+    if (!node) return false;
+    out_ << "  " << node->ToString() << more << " (" << NameOf(*node) << ")\n";
+    ReportChildren(*node);
     return true;
 }
 
@@ -77,28 +80,28 @@ void DebugConnectivityVisitor::ReportChild(char const* side,
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<ConnectorInstanceNode> const& item) {
-    return Report(*item, item->ToString());
+    return Report(item);
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<JunctionNode> const& item) {
-    return Report(*item, item->ToString());
+    return Report(item);
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<PortNode> const& item) {
-    return Report(*item, item->ToString());
+    return Report(item);
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<NetSegment> const& item) {
-    return Report(*item, item->ToString());
+    return Report(item);
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<HighwaySegment> const& item) {
-    return Report(*item, item->ToString());
+    return Report(item);
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<HighwayNode> const& item) {
-    auto const segment = item->GetHighwaySegment();
-    return Report(*item, item->ToString() + " on highway " + (segment ? segment->GetName() : ""));
+    auto const segment = item ? item->GetHighwaySegment() : SmartPtr<HighwaySegment>();
+    return Report(item, " on highway " + (segment ? segment->GetName() : ""));
 }
 
 bool DebugConnectivityVisitor::Visit(SmartPtr<BlockInstance> const&) {

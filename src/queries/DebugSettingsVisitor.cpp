@@ -58,8 +58,9 @@ std::string TailOf(BaseGraphic const& graphic) {
 }
 
 /// The name of what a wire belongs to, or its id where it has none.
-std::string TextOf(AbstractFigureItem const& owner) {
-    return owner.GetName().empty() ? owner.GetId().GetString() : owner.GetName();
+std::string TextOf(SmartPtr<AbstractFigureItem> const& owner) {
+    if (!owner) return {};
+    return owner->GetName().empty() ? owner->GetId().GetString() : owner->GetName();
 }
 
 }  // namespace
@@ -68,69 +69,71 @@ DebugSettingsVisitor::DebugSettingsVisitor() : DebugSettingsVisitor(std::cout) {
 DebugSettingsVisitor::DebugSettingsVisitor(std::ostream& out) : out_(out) {}
 DebugSettingsVisitor::~DebugSettingsVisitor() = default;
 
-bool DebugSettingsVisitor::DisplaySettings(std::string const& title, SettingList const& settings) {
-    if (settings.Empty()) return true;
+bool DebugSettingsVisitor::DisplaySettings(std::string const& title,
+                                           SmartPtr<SettingList> const& settings) {
+    if (!settings || settings->Empty()) return true;
     out_ << title << "\n";
     SettingWriter writer(out_);
-    settings.Visit(writer, true, figk::Setting::LEVEL_DEFAULT);
+    settings->Visit(writer, true, figk::Setting::LEVEL_DEFAULT);
     out_ << "\n";
     return true;
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<Figure> const& item) {
-    return DisplaySettings("Figure", *item);
+    return DisplaySettings("Figure", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<BlockInstance> const& item) {
-    return DisplaySettings("BlockInstance", *item);
+    return DisplaySettings("BlockInstance", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<CableInstance> const& item) {
-    return DisplaySettings("CableInstance", *item);
+    return DisplaySettings("CableInstance", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<ConnectorInstance> const& item) {
-    return DisplaySettings("ConnectorInstance", *item);
+    return DisplaySettings("ConnectorInstance", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<Format> const& item) {
-    return DisplaySettings("Format", *item);
+    return DisplaySettings("Format", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<Miscellaneous> const& item) {
-    return DisplaySettings("Miscellaneous", *item);
+    return DisplaySettings("Miscellaneous", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<TableInstance> const& item) {
-    return DisplaySettings("TableInstance", *item);
+    return DisplaySettings("TableInstance", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<GenericGraphic> const& item) {
-    return DisplaySettings("++GenericGraphic" + TailOf(*item), *item);
+    return !item || DisplaySettings("++GenericGraphic" + TailOf(*item), item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<TextGraphic> const& item) {
-    return DisplaySettings("++TextGraphic ('" + item->GetText().GetString() + "')" + TailOf(*item),
-                           *item);
+    return !item ||
+           DisplaySettings("++TextGraphic ('" + item->GetText().GetString() + "')" + TailOf(*item),
+                           item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<SubHighway> const& item) {
-    return DisplaySettings("SubHighway", *item);
+    return DisplaySettings("SubHighway", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<SubNet> const& item) {
-    auto const cable = item->GetCable();
-    return DisplaySettings(cable ? "SubNet on " + TextOf(*cable) : "SubNet", *item);
+    auto const cable = item ? item->GetCable() : SmartPtr<CableInstance>();
+    return DisplaySettings(cable ? "SubNet on " + TextOf(cable) : "SubNet", item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<HighwaySegment> const& item) {
-    auto const owner = item->GetSubHighway();
-    return DisplaySettings("HighwaySegment on " + (owner ? TextOf(*owner) : ""), *item);
+    auto const owner = item ? item->GetSubHighway() : SmartPtr<SubHighway>();
+    return DisplaySettings("HighwaySegment on " + TextOf(owner), item);
 }
 
 bool DebugSettingsVisitor::Visit(SmartPtr<NetSegment> const& item) {
-    auto const owner = item->GetSubNet();
-    return DisplaySettings(owner ? "NetSegment on " + TextOf(*owner) : "NetSegment ", *item);
+    auto const owner = item ? item->GetSubNet() : SmartPtr<SubNet>();
+    return DisplaySettings(owner ? "NetSegment on " + TextOf(owner) : "NetSegment ", item);
 }
 
 }  // namespace figrep

@@ -16,47 +16,47 @@ FigureItemsVisitor::FigureItemsVisitor(Items& items) : items_(items) {}
 FigureItemsVisitor::~FigureItemsVisitor() = default;
 
 bool FigureItemsVisitor::Visit(SmartPtr<BlockInstance> const& item) {
-    if (collectSubItems_ || !item->GetParent()) items_.push_back(item);
+    if (item && (collectSubItems_ || !item->GetParent())) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<CableInstance> const& item) {
-    if (collectSubItems_ || !item->GetParent()) items_.push_back(item);
+    if (item && (collectSubItems_ || !item->GetParent())) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<SubNet> const& item) {
-    if (collectSubItems_ || !item->GetCable()) items_.push_back(item);
+    if (item && (collectSubItems_ || !item->GetCable())) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<SubHighway> const& item) {
-    items_.push_back(item);
+    if (item) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<TableInstance> const& item) {
-    items_.push_back(item);
+    if (item) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<Miscellaneous> const& item) {
-    items_.push_back(item);
+    if (item) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<Port> const& item) {
-    if (collectPorts_) items_.push_back(item);
+    if (item && collectPorts_) items_.push_back(item);
     return false;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<TextGraphic> const& item) {
-    items_.push_back(item);
+    if (item) items_.push_back(item);
     return true;
 }
 
 bool FigureItemsVisitor::Visit(SmartPtr<GenericGraphic> const& item) {
-    items_.push_back(item);
+    if (item) items_.push_back(item);
     return true;
 }
 
@@ -89,7 +89,7 @@ bool FigureItemsVisitor::Visit(SmartPtr<UnroutedConnection> const&) {
 }
 
 bool FigureItemsVisitor::VisitTextLabelContainer(SmartPtr<TextLabelContainer> const& container) {
-    return container->GetTextOwnerId().IsEmpty();
+    return container && container->GetTextOwnerId().IsEmpty();
 }
 
 }  // namespace figrep

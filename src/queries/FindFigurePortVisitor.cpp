@@ -48,7 +48,7 @@ bool FindFigurePortVisitor::Visit(SmartPtr<SubHighway> const&) {
 }
 
 bool FindFigurePortVisitor::Visit(SmartPtr<PortNode> const& node) {
-    auto const port = node->GetPort();
+    auto const port = node ? node->GetPort() : SmartPtr<Port>();
     if (port && (onHighway_ || !port->OnHighwayNotNet())) LookAt(*node, *port);
     return !foundItem_;
 }

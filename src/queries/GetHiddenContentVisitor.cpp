@@ -12,7 +12,8 @@ GetHiddenContentVisitor::~GetHiddenContentVisitor() = default;
 
 bool GetHiddenContentVisitor::Visit(SmartPtr<Format> const& item) {
     TopLevelContentVisitor::Visit(item);
-    if (auto const titleBlock = item->GetTitleBlock()) titleBlock->Accept(*this);
+    auto const titleBlock = item ? item->GetTitleBlock() : SmartPtr<TitleBlock>();
+    if (titleBlock) titleBlock->Accept(*this);
     return false;
 }
 

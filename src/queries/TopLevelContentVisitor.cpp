@@ -23,7 +23,7 @@ TopLevelContentVisitor& TopLevelContentVisitor::operator=(TopLevelContentVisitor
 TopLevelContentVisitor::~TopLevelContentVisitor() = default;
 
 bool TopLevelContentVisitor::Collect(SmartPtr<AbstractFigureItem> const& item) {
-    if (IsWanted(*item)) items_.push_back(item);
+    if (item && IsWanted(*item)) items_.push_back(item);
     return false;
 }
 
@@ -56,6 +56,7 @@ bool TopLevelContentVisitor::Visit(SmartPtr<PortNode> const& item) {
 }
 
 bool TopLevelContentVisitor::Visit(SmartPtr<Port> const& item) {
+    if (!item) return false;
     for (auto const& node : item->GetPortNodes())
         node->Accept(*this);
     return false;
