@@ -385,6 +385,40 @@ TEST_F(FigureContentShadowTest, DragOfTheRightSideKeepsTheLeftOne) {
     ExpectScaleBy(2.0, {110, 40});
 }
 
+/// A drag of a handle, and what it records: a factor about a point, or else an offset.
+struct HandleDrag {
+    unsigned number;
+    dg::DVec2 by;
+    double factor;
+    DPoint2D aboutOrOffset;
+};
+
+TEST_F(FigureContentShadowTest, EachHandleRecordsTheSameInADrawingAndInAnImage) {
+    HandleDrag const drags[] = {{Shadow::CENTRE, {3, 4}, 1, {3, 4}},
+                                {Shadow::TOP_LEFT, {-100, 40}, 2, {60, 40}},
+                                {Shadow::TOP_RIGHT, {-50, -20}, 0.5, {60, 40}},
+                                {Shadow::BOTTOM_LEFT, {-50, -20}, 1.5, {60, 40}},
+                                {Shadow::BOTTOM_RIGHT, {25, -10}, 1.25, {60, 40}},
+                                {Shadow::TOP_MIDDLE, {9, 20}, 1, {0, -10}},
+                                {Shadow::BOTTOM_MIDDLE, {9, 20}, 1, {0, 30}},
+                                {Shadow::LEFT_MIDDLE, {50, 7}, 0.5, {85, 40}},
+                                {Shadow::RIGHT_MIDDLE, {100, 0}, 2, {110, 40}}};
+    for (auto const& where : {view, imageView}) {
+        for (HandleDrag const& drag : drags) {
+            SCOPED_TRACE(drag.number);
+            InstalledDesign const again(Bracket());
+            figure = LoadedFigure(again.Sheet());
+            recorded.clear();
+            DragHandle(*Make(where), drag.number, drag.by);
+            if (drag.factor == 1) {
+                ExpectMoveBy(drag.aboutOrOffset);
+            } else {
+                ExpectScaleBy(drag.factor, drag.aboutOrOffset);
+            }
+        }
+    }
+}
+
 TEST_F(FigureContentShadowTest, DragOfAnythingElseTakesTheWholeShadowAlong) {
     auto const shadow = Make(view);
     auto const container = shadow->GetContent()->GetModelBase();

@@ -1,9 +1,13 @@
+#include <figk/Miscellaneous.h>
 #include <figrep/BaseGraphic.h>
 #include <figrep/FigureItemsVisitor.h>
 #include <figrep/FigureSettingDelta.h>
 #include <figrep/GenericGraphic.h>
+#include <figrep/Miscellaneous.h>
 #include <figrep/VisibilityOperationStep.h>
 #include <operations/OperationTestSupport.h>
+
+#include <optional>
 
 namespace figrep::testing {
 namespace {
@@ -113,6 +117,42 @@ TEST_F(VisibilityTest, UndoBringsBackASettingOfAnotherLevel) {
     EXPECT_TRUE(Item("U1")->IsVisible());
     operation->Undo();
     EXPECT_EQ(OwnVisibility(Item("U1")), profile);
+}
+
+/// A figure whose block U1 is hidden by its record in the design.
+class HiddenByRecord : public VisibilityTest {
+protected:
+    HiddenByRecord() {
+        auto drawing = test::DrawingOfAll();
+        constexpr int VISIBLE = Setting::ITEM_VISIBILITY >> 4;
+        ConstSmartPtr<figk::BaseSettingValue> const no = new figk::SettingValue<bool>(false);
+        drawing.Block("U1").settings =
+            drawing.Source().AddSettings({{VISIBLE, figk::Setting::LEVEL_BASE, no}});
+        hiding.emplace(drawing.Source());
+        figure = test::FramedFigure(hiding->Sheet());
+    }
+
+    std::optional<InstalledDesign> hiding;
+};
+
+TEST_F(HiddenByRecord, WhatTheRecordSaysCountsAsTheItemsOwnAndComesBackByItself) {
+    ASSERT_EQ(HiddenOn(figure), Strings{"U1"});
+    auto const own = OwnVisibility(Item("U1"));
+    ASSERT_TRUE(own);
+    Hide({"U1"});
+    EXPECT_EQ(Events(), Lines{"visibility off"});
+    operation->Undo();
+    EXPECT_EQ(OwnVisibility(Item("U1")), own);
+    operation = NewOperation();
+    Events();
+    figure->UnhideAll(operation);
+    EXPECT_EQ(Events(), Lines{"visibility on U1"});
+    EXPECT_EQ(HiddenOn(figure), Strings{});
+    operation->Undo();
+    EXPECT_EQ(OwnVisibility(Item("U1")), own);
+    EXPECT_EQ(HiddenOn(figure), Strings{"U1"});
+    operation->Redo();
+    EXPECT_EQ(HiddenOn(figure), Strings{});
 }
 
 TEST_F(VisibilityTest, AGraphicInAGroupOnTheFigureIsReportedWithTheGroup) {
@@ -239,6 +279,18 @@ TEST_F(VisibilityTest, IsolatingATextInAGroupOnTheFigureKeepsTheWholeGroup) {
 TEST_F(VisibilityTest, IsolatingAFreeTextKeepsNothingElse) {
     Isolate({"free"});
     EXPECT_EQ(HiddenOn(figure), AllBut({"format", "title", "free"}));
+}
+
+TEST_F(VisibilityTest, IsolatingAnythingHidesMiscellaneousItems) {
+    SmartPtr<Miscellaneous> const misc = new Miscellaneous(figure->GetLock(), nullptr);
+    SmartPtr<Miscellaneous> const kept = new Miscellaneous(figure->GetLock(), nullptr);
+    figure->Receive(misc);
+    figure->Receive(kept);
+    figure->IsolateItems({Item("A"), kept}, operation);
+    EXPECT_FALSE(misc->IsVisible());
+    EXPECT_TRUE(kept->IsVisible());
+    operation->Undo();
+    EXPECT_TRUE(misc->IsVisible());
 }
 
 TEST_F(VisibilityTest, IsolatingSeveralKeepsEachWithItsOwn) {

@@ -1,5 +1,7 @@
+#include <figk/Miscellaneous.h>
 #include <figrep/GetFigureContentVisitor.h>
 #include <figrep/GetHiddenContentVisitor.h>
+#include <figrep/Miscellaneous.h>
 #include <operations/OperationTestSupport.h>
 
 namespace figrep::testing {
@@ -63,6 +65,24 @@ TEST_F(ContentVisitors, WhatInheritsIsListedWithWhatIsHidden) {
 TEST_F(ContentVisitors, GraphicsInsideGroupsAndItemsAreNotEntered) {
     Hide("g1");
     EXPECT_EQ(Hidden(), Strings{});
+}
+
+TEST_F(ContentVisitors, MiscellaneousItemsAreNoContentHiddenOrNot) {
+    Strings const content = Content();
+    SmartPtr<Miscellaneous> const misc = new Miscellaneous(figure->GetLock(), nullptr);
+    figure->Receive(misc);
+    EXPECT_EQ(Content(), content);
+    misc->AddSetting(Visibility(false), true);
+    EXPECT_EQ(Hidden(), Strings{});
+}
+
+TEST_F(ContentVisitors, HiddenContentIsWhatIsHiddenOfTheContentAndOfTheTitleBlock) {
+    Strings all = Content();
+    Items shown = test::ItemsThatShow(figure);
+    for (auto const& item : shown)
+        item->AddSetting(Visibility(false), true);
+    all.insert(all.begin() + 1, "title");  // behind the format
+    EXPECT_EQ(Hidden(), all);
 }
 
 TEST_F(ContentVisitors, TakingExchangesTheLists) {

@@ -1,14 +1,20 @@
+#include <figk/Miscellaneous.h>
 #include <figrep/CableInstance.h>
 #include <figrep/ConnectorInstance.h>
 #include <figrep/DebugConnectivityVisitor.h>
 #include <figrep/DebugSettingsVisitor.h>
 #include <figrep/GenericGraphic.h>
 #include <figrep/GraphicGroup.h>
+#include <figrep/HighwayNode.h>
 #include <figrep/HighwaySegment.h>
+#include <figrep/Miscellaneous.h>
 #include <figrep/NetSegment.h>
+#include <figrep/SubHighway.h>
 #include <operations/OperationTestSupport.h>
+#include <support/GeneratedDesign.h>
 
 #include <map>
+#include <set>
 #include <sstream>
 
 namespace figrep::testing {
@@ -40,6 +46,51 @@ Strings LinesOfText(std::string const& text) {
 bool HasLine(Strings const& lines, std::string const& line) {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
+
+std::string Addressed(std::string const& text, du::RefCounted const& object) {
+    std::ostringstream line;
+    line << text << " (" << dynamic_cast<void const*>(&object) << ")";
+    return line.str();
+}
+
+/// What the dump of a figure's trees must be, put together from their links.
+class ExpectedDump {
+public:
+    explicit ExpectedDump(SmartPtr<Figure> const& figure) {
+        for (auto const& subHighway : figure->GetSubHighways()) {
+            Add(Addressed("++ SubHighway " + subHighway->GetId().GetString(), *subHighway));
+            AddTree(subHighway->GetHead(), {});
+        }
+        for (auto const& subNet : figure->GetSubNets()) {
+            Add(Addressed("++ SubNet " + subNet->GetId().GetString(), *subNet) + " of Net " +
+                subNet->GetName());
+            AddTree(subNet->GetHead(), subNet);
+        }
+    }
+
+    std::string text;
+    std::set<int> kinds;  // of the nodes
+
+private:
+    void Add(std::string const& line) { text += line + "\n"; }
+    void AddChild(std::string const& side, SmartPtr<ConnectionNode> const& child) {
+        Add(side + (child ? Addressed(child->ToString(), *child) : "0"));
+    }
+    void AddTree(SmartPtr<ConnectionNode> const& node, SmartPtr<SubNet> const& only) {
+        if (!node || (only && !node->Visit(only))) return;
+        kinds.insert(node->GetNodeType());
+        std::string name = "  " + node->ToString();
+        if (auto const tap = du::DynamicCast<HighwayNode>(node)) {
+            name += " on highway " + tap->GetSubHighway()->GetName();
+        }
+        Add(Addressed(name, *node));
+        AddChild("    Left : ", node->GetLeftSuccessor());
+        AddChild("    Right : ", node->GetRightSuccessor());
+        Add("");
+        AddTree(node->GetLeftSuccessor(), only);
+        AddTree(node->GetRightSuccessor(), only);
+    }
+};
 
 class Dumps : public FigureOfAll {
 protected:
@@ -78,6 +129,24 @@ TEST_F(Dumps, ANetIsWrittenNodeByNodeWithItsChildren) {
                  "  " + nodes[1]->ToString() + " (#3)",
                  "    Left : " + nodes[2]->ToString() + " (#4)", "    Right : 0", "",
                  "  " + nodes[2]->ToString() + " (#4)", "    Left : 0", "    Right : 0", ""}));
+}
+
+TEST(ConnectivityDump, HasEveryNodeOfEveryTreeWithWhatHangsBelowIt) {
+    std::set<int> kinds;
+    for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+        InstalledDesign const installed(test::GenerateTangle(seed));
+        auto const figure = test::FramedFigure(installed.Sheet());
+        std::ostringstream out;
+        DebugConnectivityVisitor dump(out);
+        figure->Accept(dump);
+        ExpectedDump const expected(figure);
+        ASSERT_EQ(out.str(), expected.text) << "seed " << seed;
+        kinds.insert(expected.kinds.begin(), expected.kinds.end());
+    }
+    using Node = figk::BaseConnectionNode;
+    EXPECT_EQ(kinds,
+              (std::set<int>{Node::NODE_CONNECTOR_INSTANCE, Node::NODE_JUNCTION, Node::NODE_HIGHWAY,
+                             Node::NODE_HIGHWAY_SEGMENT, Node::NODE_NET_SEGMENT, Node::NODE_PORT}));
 }
 
 TEST_F(Dumps, TwoRunsWithNamesThatStayAreEqual) {
@@ -173,6 +242,16 @@ TEST_F(Dumps, EachKindOfItemHasItsTitle) {
     EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](std::string const& line) {
         return line.starts_with("++GenericGraphic on Figure");
     }));
+}
+
+TEST_F(Dumps, AMiscellaneousItemHasItsTitleToo) {
+    SmartPtr<Miscellaneous> const misc = new Miscellaneous(figure->GetLock(), nullptr);
+    SetColor(*misc);
+    std::ostringstream out;
+    DebugSettingsVisitor dump(out);
+    misc->Accept(dump);
+    EXPECT_TRUE(out.str().starts_with("Miscellaneous\n  ")) << out.str();
+    EXPECT_TRUE(out.str().ends_with("\n\n")) << out.str();
 }
 
 TEST_F(Dumps, SettingsAreWrittenOneToALine) {

@@ -1,4 +1,6 @@
+#include <figk/Miscellaneous.h>
 #include <figrep/FigureItemsVisitor.h>
+#include <figrep/Miscellaneous.h>
 #include <operations/OperationTestSupport.h>
 
 namespace figrep::testing {
@@ -49,6 +51,19 @@ TEST_F(FigureItemsVisitorTest, NeverListsSegmentsConnectorsFormatsOrPartsOfItems
         EXPECT_NE(type, AbstractFigureItem::ITEM_PORT_NODE);
         EXPECT_NE(type, AbstractFigureItem::ITEM_FORMAT);
         EXPECT_NE(type, AbstractFigureItem::ITEM_TITLE_BLOCK);
+    }
+}
+
+TEST_F(FigureItemsVisitorTest, ListsMiscellaneousItemsLast) {
+    SmartPtr<Miscellaneous> const misc = new Miscellaneous(figure->GetLock(), nullptr);
+    figure->Receive(misc);
+    for (bool const subItems : {true, false}) {
+        Items items;
+        FigureItemsVisitor visitor(items);
+        visitor.SetCollectSubItems(subItems);
+        figure->Accept(visitor);
+        ASSERT_FALSE(items.empty());
+        EXPECT_EQ(items.back(), misc);
     }
 }
 

@@ -27,6 +27,32 @@ protected:
         SchematicRepresentation::GetSingleton()->CaptureContent(&element);
         return test::LinesOf(element);
     }
+    /// The figure's format, taken off it: what is registered then is told as it was found.
+    SmartPtr<Format> TakenFormat() const {
+        auto const format = figure->GetFormat();
+        figure->RemoveItem(format);
+        return format;
+    }
+    static std::string CellOf(Format const& format, SmartPtr<PortNode> const& node) {
+        Symbol column;
+        Symbol row;
+        format.CalculateGridLocation(node->GetPosition(), column, row);
+        EXPECT_FALSE(column.IsEmpty() || row.IsEmpty());
+        return column.GetString() + row.GetString();
+    }
+    /// Column and row of each node registered, in order.
+    static Strings Cells(Strings const& lines) {
+        Strings cells;
+        auto const valueOf = [](std::string const& line) {
+            auto const begin = line.find('\'') + 1;
+            return line.substr(begin, line.rfind('\'') - begin);
+        };
+        for (auto const& line : lines) {
+            if (line.find("fig_rep_x_grid=") != std::string::npos) cells.push_back(valueOf(line));
+            if (line.find("fig_rep_y_grid=") != std::string::npos) cells.back() += valueOf(line);
+        }
+        return cells;
+    }
     static bool Mentions(Strings const& lines, std::string const& text) {
         return std::any_of(lines.begin(), lines.end(),
                            [&](auto const& line) { return line.find(text) != std::string::npos; });
@@ -67,6 +93,12 @@ TEST_F(FindFigurePort, HiddenNodeIsNotFoundYetRegistered) {
     EXPECT_TRUE(Mentions(Registered(), KernelId(node).GetString()));
 }
 
+TEST_F(FindFigurePort, NodeOfAHiddenPortIsNotFound) {
+    Item("D/P")->AddSetting(Visibility(false), true);
+    EXPECT_FALSE(visitor.Find(figure, KernelId(NetNode())));
+    EXPECT_EQ(visitor.Find(figure, KernelId(BusNode())), BusNode());
+}
+
 TEST_F(FindFigurePort, NodeWithAnExplicitVisibilityIsFound) {
     auto const node = NetNode();
     node->AddSetting(Visibility(true), true);
@@ -76,15 +108,24 @@ TEST_F(FindFigurePort, NodeWithAnExplicitVisibilityIsFound) {
 TEST_F(FindFigurePort, WithAFigureNameEveryNodeIsRegisteredWithItsGridCell) {
     visitor.SetFigureName(Symbol("F1"));
     visitor.Find(figure, Symbol::EMPTY);
-    Symbol column;
-    Symbol row;
-    figure->GetFormat()->CalculateGridLocation(NetNode()->GetPosition(), column, row);
-    ASSERT_FALSE(column.IsEmpty());
+    auto const format = TakenFormat();
     Strings const lines = Registered();
     EXPECT_TRUE(Mentions(lines, KernelId(NetNode()).GetString()));
     EXPECT_TRUE(Mentions(lines, KernelId(BusNode()).GetString()));
-    EXPECT_TRUE(Mentions(lines, column.GetString()));
-    EXPECT_TRUE(Mentions(lines, row.GetString()));
+    EXPECT_EQ(Cells(lines), (Strings{CellOf(*format, NetNode()), CellOf(*format, BusNode())}));
+}
+
+TEST_F(FindFigurePort, AWalkByItselfReadsTheCellsOfTheFormatThatItWasGiven) {
+    auto const format = TakenFormat();
+    visitor.SetFigureName(Symbol("F1"));
+    figure->Accept(visitor);
+    EXPECT_EQ(Cells(Registered()), (Strings{"", ""}));
+    visitor.SetFormat(format);
+    figure->Accept(visitor);
+    EXPECT_EQ(Cells(Registered()),
+              (Strings{CellOf(*format, NetNode()), CellOf(*format, BusNode())}));
+    visitor.Find(figure, Symbol::EMPTY);
+    EXPECT_EQ(Cells(Registered()), (Strings{"", ""})) << "a search takes the figure's own";
 }
 
 TEST_F(FindFigurePort, WalkOfANetPassesByTheHighwaysPort) {
