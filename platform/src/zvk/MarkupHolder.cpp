@@ -13,10 +13,11 @@ MarkupHolder::~MarkupHolder() {
 
 void MarkupHolder::AddMarkup(du::SmartPtr<Markup> const& markup) {
     if (!markup || markup->holder_ == this) return;
-    if (markup->holder_) markup->holder_->RemoveMarkup(markup);
-    markups_.push_back(markup);
-    markup->holder_ = this;
-    MarkupChanged(*markup);
+    du::SmartPtr<Markup> const added = markup;  // the argument may be an entry of the other holder
+    if (added->holder_) added->holder_->RemoveMarkup(added);
+    markups_.push_back(added);
+    added->holder_ = this;
+    MarkupChanged(*added);
 }
 
 void MarkupHolder::RemoveMarkup(du::SmartPtr<Markup> const& markup) {

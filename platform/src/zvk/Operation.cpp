@@ -22,19 +22,24 @@ void Operation::AddStep(du::SmartPtr<OperationStep> const& step) {
     if (step) steps_.push_back(step);
 }
 
+// A step may add steps, which wait for the next time, or let the operation go; so the steps that are
+// there now are kept.
 void Operation::Undo() {
-    for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
+    auto const steps = steps_;
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
         if ((*step)->HasUndo()) (*step)->Undo();
     }
 }
 
 void Operation::Redo() {
-    for (auto const& step : steps_)
+    auto const steps = steps_;
+    for (auto const& step : steps)
         step->Redo();
 }
 
 void RecordOperation(du::SmartPtr<Operation> const& operation) {
-    if (operation && Sink()) Sink()(operation);
+    OperationSink const sink = Sink();  // which may be replaced meanwhile
+    if (operation && sink) sink(operation);
 }
 
 void SetOperationSink(OperationSink sink) {

@@ -16,6 +16,10 @@ bool IsFinite(dg::DPoint2D const& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
+bool IsFinite(dg::DVec3 const& v) {
+    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
 }  // namespace
 
 View::View(du::SmartPtr<Scene> const& scene, du::SmartPtr<Window> const& window)
@@ -87,12 +91,15 @@ bool View::PointerDown(dg::DPoint2D const& inWindow, bool together) {
     return true;
 }
 
-// A position that didn't change is no step: window systems report those, too.
+// A position that didn't change is no step: window systems report those, too. At a very small scale
+// a finite position in the window is none in the scene.
 void View::Drag(dg::DPoint2D const& inWindow) {
     if (!dragged_ || !IsFinite(inWindow) || inWindow == draggedTo_) return;
+    dg::DVec3 const fromStart = ToScene(inWindow) - ToScene(pressedAt_);
+    if (!IsFinite(fromStart)) return;
     draggedTo_ = inWindow;
     auto const markup = dragged_;
-    markup->ContinueDrag(ToScene(inWindow) - ToScene(pressedAt_));
+    markup->ContinueDrag(fromStart);
 }
 
 void View::PointerUp(dg::DPoint2D const& inWindow) {

@@ -6,6 +6,9 @@ namespace zvmu {
 
 namespace {
 
+// Expectations are only believed so far.
+constexpr std::size_t MOST_EXPECTED = 1024;
+
 dg::DVec2 InPlane(dg::DVec3 const& v) {
     return {v.x, v.y};
 }
@@ -23,14 +26,14 @@ dg::DPoint3D NearestOnEdge(dg::DPoint3D const& start, dg::DPoint3D const& end,
 }  // namespace
 
 ModelPolygon::ModelPolygon(std::size_t expectedPoints) {
-    points_.reserve(expectedPoints);
+    points_.reserve(std::min(expectedPoints, MOST_EXPECTED));
     SetFlags(PICK_INTERIOR);
 }
 
 ModelPolygon::~ModelPolygon() = default;
 
 void ModelPolygon::SetPoints(std::vector<dg::DPoint3D> const& points) {
-    points_.assign(points.begin(), points.end());
+    points_ = points;
 }
 
 PickedModel ModelPolygon::PickHere(PickPoint const& pointer) {

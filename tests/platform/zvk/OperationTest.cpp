@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -35,6 +38,56 @@ TEST(Operation, UndoesFromLastToFirstAndRedoesFromFirstToLast) {
     EXPECT_EQ(log, "-c-a+a+b+c");
     EXPECT_EQ(operation.GetSteps().size(), 3u);
     EXPECT_EQ(operation.GetName(), du::Symbol("Fit"));
+}
+
+// Does as it is told in the middle of its undo or redo.
+class MeddlingStep : public zvk::OperationStep {
+public:
+    explicit MeddlingStep(std::function<void()> doing) : meddle(std::move(doing)) {}
+    void Undo() override { meddle(); }
+    void Redo() override { meddle(); }
+
+    std::function<void()> meddle;
+};
+
+TEST(Operation, StepsAddedInTheMiddleOfAReplayWaitForTheNext) {
+    std::string log;
+    du::SmartPtr<zvk::Operation> const operation(
+        new zvk::Operation(du::Symbol("Fit"), nullptr, true));
+    operation->AddStep(new Step("a", &log));
+    operation->AddStep(new MeddlingStep([&] {
+        for (int i = 0; i < 20; ++i)
+            operation->AddStep(new Step("x", &log));
+    }));
+    operation->AddStep(new Step("b", &log));
+    operation->Undo();
+    EXPECT_EQ(log, "-b-a");
+    EXPECT_EQ(operation->GetSteps().size(), 23u);
+    log.clear();
+    operation->Redo();
+    EXPECT_EQ(log.substr(0, 6), "+a+b+x");
+    EXPECT_EQ(operation->GetSteps().size(), 43u);
+}
+
+TEST(Operation, MayGoInTheMiddleOfItsUndo) {
+    std::string log;
+    du::SmartPtr<zvk::Operation> operation(new zvk::Operation(du::Symbol("Fit"), nullptr, true));
+    operation->AddStep(new Step("a", &log));
+    operation->AddStep(new MeddlingStep([&] { operation.Reset(); }));
+    (*operation).Undo();
+    EXPECT_EQ(log, "-a");
+}
+
+TEST(Operation, SinkThatRemovesItselfRunsToItsEnd) {
+    bool alive = false;
+    zvk::SetOperationSink([held = std::make_shared<int>(7), &alive](auto const&) {
+        std::weak_ptr<int> const inside = held;
+        bool& lives = alive;
+        zvk::SetOperationSink(nullptr);
+        lives = !inside.expired();
+    });
+    zvk::RecordOperation(new zvk::Operation(du::Symbol("Fit"), nullptr, true));
+    EXPECT_TRUE(alive);
 }
 
 TEST(Operation, StepsAreRecordableAndHaveNoTypeByDefault) {

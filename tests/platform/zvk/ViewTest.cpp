@@ -216,6 +216,29 @@ TEST_F(ViewTest, MarkupIsInOneViewAtMost) {
     EXPECT_EQ(other->GetMarkups().size(), 1u);
 }
 
+TEST_F(ViewTest, MarkupIsTakenOverByTheEntryOfTheOtherView) {
+    auto const first = Add(0, 0);
+    auto const second = Add(20, 0);
+    SmartPtr<zvk::View2D> const other = new zvk::View2D(nullptr, nullptr);
+    other->AddMarkup(view->GetMarkups().front());
+    ASSERT_EQ(other->GetMarkups().size(), 1u);
+    EXPECT_EQ(other->GetMarkups().front(), first);
+    ASSERT_EQ(view->GetMarkups().size(), 1u);
+    EXPECT_EQ(view->GetMarkups().front(), second);
+    view->RemoveMarkup(view->GetMarkups().front());
+    EXPECT_TRUE(view->GetMarkups().empty());
+}
+
+TEST_F(ViewTest, PlacesThatAreTooFarAwayToTellAreNoStep) {
+    view->SetPlacement({0, 0}, 1e-310);
+    view->SetPickTolerance(1);
+    Add(0, 0);
+    EXPECT_TRUE(view->PointerDown({0, 0}));
+    view->PointerMove({1, 0});
+    view->PointerUp({-1, 1});
+    EXPECT_EQ(log, "begin end ");
+}
+
 TEST_F(ViewTest, GoesWithADragGoingOnAndLeavesItsMarkupsAlone) {
     auto const mark = Add(0, 0);
     view->PointerMove({0, 0});

@@ -71,6 +71,16 @@ TEST(ModelPolygon, WithoutSizeOrPointsDoesNoHarm) {
     EXPECT_FALSE(polygon->Pick(At(std::nan(""), 1, 5)).model);
 }
 
+TEST(ModelPolygon, TakesItsOwnPointsAndAnyExpectation) {
+    auto const square = Square();
+    square->SetPoints(square->GetPoints());
+    EXPECT_EQ(square->GetPoints().size(), 4u);
+    SmartPtr<ModelPolygon> const hopeful =
+        new ModelPolygon(std::numeric_limits<std::size_t>::max());
+    hopeful->SetPoints(square->GetPoints());
+    EXPECT_EQ(hopeful->GetPoints(), square->GetPoints());
+}
+
 TEST(ModelBase, HiddenModelsAreNotTouched) {
     auto const square = Square();
     square->SetFlags(square->GetFlags() | zvmu::ModelBase::HIDDEN);
