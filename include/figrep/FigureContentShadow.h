@@ -22,7 +22,7 @@ namespace zvmk {
 /// centre in its proportions. While a drag goes on only the box changes; when it stops, one
 /// operation with one `FitContentOperationStep` is recorded (`zvk::RecordOperation`), which changes
 /// the content at once. A drag that is abandoned records nothing and leaves the box where it is,
-/// until `FigureExtentsChanged`.
+/// until `FigureExtentsChanged`. Positions that aren't finite drag nothing.
 ///
 /// Units: figure units. Ownership: the view holds the shadow as a markup, and the figure holds it
 /// (`Figure::SetFigureShadow`) so that undo and redo fit the box again; the shadow holds neither,
@@ -111,6 +111,7 @@ private:
     double startHalfWidth_ = 0.0;  // before the change in progress; negative for a left corner
     dg::DPoint3D oldCentre_;
     dg::DVec2 dragDirection_;  // of a corner drag, of length 1
+    double startAlong_ = 0.0;  // from the far point to where the corner was, in that direction
     du::SmartPtr<figrep::FigureLink> figure_;
     bool displayed_ = false;
 };

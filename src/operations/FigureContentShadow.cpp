@@ -59,6 +59,10 @@ dg::DPoint2D InPlane(dg::DPoint3D const& point) {
     return {point.x, point.y};
 }
 
+bool IsFinite(dg::DPoint2D const& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
 SmartPtr<attrs::FillAttr> OutlineFill() {
     return new attrs::FillAttr(attrs::FillAttr::SOLID, dg::Color(0.7F, 0.2F, 0.4F, 1.0F));
 }
@@ -202,17 +206,18 @@ bool Shadow::HandleDragStart() {
 // The corners are a whole width apart. Taking half of it from the box and not from the corners'
 // coordinates keeps it free of rounding, so that a corner that isn't moved gives a ratio of 1.
 void Shadow::StartCornerDrag(unsigned int picked) {
-    dg::DPoint3D const corner = handles_[picked]->GetPosition();
-    dragDirection_ = InPlane(corner) - InPlane(anchor_);
-    startHalfWidth_ = std::copysign(halfWidth_, dragDirection_.x);
-    if (dragDirection_.Norm() < SHORTEST_DIAGONAL) dragDirection_ = dg::DVec2(1.0, 1.0);
+    dg::DVec2 const diagonal = InPlane(handles_[picked]->GetPosition()) - InPlane(anchor_);
+    startHalfWidth_ = std::copysign(halfWidth_, diagonal.x);
+    dragDirection_ = diagonal.Norm() < SHORTEST_DIAGONAL ? dg::DVec2(1.0, 1.0) : diagonal;
     dragDirection_ = dragDirection_.Normalise();
+    startAlong_ = Dot(diagonal, dragDirection_);
 }
 
 bool Shadow::HandleDragStep() {
     bool const isPlane = static_cast<bool>(du::DynamicCast<zvk::View2D>(GetView()));
     dg::DVec3 const drag = isPlane ? GetDragVector() : dg::DVec3();
     dg::DPoint3D const to = GetStartPoint() + drag;
+    if (!IsFinite(InPlane(to))) return true;
     unsigned int const picked = NumberOf(GetPickedModel());
     if (picked == CENTRE || (outline_ == GetPickedModel())) {
         centre_ = InPlane(to);
@@ -229,10 +234,11 @@ bool Shadow::HandleDragStep() {
 }
 
 // The pointer is taken to the diagonal. The box grows about its centre, and by the whole way that
-// the pointer is from the opposite corner.
+// the pointer is from the opposite corner. Back where it began, it gives back the very width: a
+// difference by rounding would scale the content instead of moving it.
 void Shadow::DragCorner(dg::DPoint3D const& to) {
     double const along = Dot(InPlane(to) - InPlane(anchor_), dragDirection_);
-    halfWidth_ = std::abs(dragDirection_.x * along * 0.5);
+    halfWidth_ = std::abs(along == startAlong_ ? startHalfWidth_ : dragDirection_.x * along * 0.5);
     halfHeight_ = std::abs(dragDirection_.y * along * 0.5);
 }
 
@@ -266,7 +272,7 @@ bool Shadow::HandleDragStop() {
     dg::DPoint3D const& reference = GetReferencePosition();
     dp::ZVNullTracer::Trace(1, "RebuildMarkup %p set ref to  = (%g,%g,%g)\n",
                             static_cast<void const*>(this), reference.x, reference.y, reference.z);
-    // Nothing to take back without a figure.
+    // Nothing to take back where there was nothing to do.
     if (!operation->GetSteps().empty()) zvk::RecordOperation(operation);
     return true;
 }
@@ -290,10 +296,11 @@ void Shadow::ScaleContent(double factor, dg::DPoint2D const& about,
     AddFitStep({new figrep::ScaleAction(about, factor)}, {}, operation);
 }
 
+// What is moved by something that isn't finite never comes back.
 void Shadow::AddFitStep(std::vector<SmartPtr<figrep::TransformAction>> const& transforms,
                         dg::DPoint2D const& offset, zvk::Operation& operation) const {
     auto const figure = GetFigure();
-    if (!figure) return;
+    if (!figure || !IsFinite(offset)) return;
     std::vector<SmartPtr<figrep::AbstractFigureItem>> items;
     CollectItemsForTransformation(items);
     operation.AddStep(new figrep::FitContentOperationStep(figure, items, transforms, offset));
