@@ -13,7 +13,7 @@
 #include <zv2d/TexPolyline.h>
 #include <zv2d/Text.h>
 
-#include "SheetText.h"
+#include <host/readers/kicad/SheetText.h>
 
 namespace {
 
