@@ -17,7 +17,7 @@
 #include <figrep/SubHighway.h>
 #include <figrep/SubNet.h>
 #include <persistence/Deletable.h>
-#include <persistence/SavedFigures.h>
+#include <session/Failures.h>
 #include <session/edits/EditSteps.h>
 #include <session/items/ForEachItem.h>
 #include <session/query/FindItems.h>
@@ -187,14 +187,6 @@ void ShowAll(Figure& figure, SmartPtr<zvk::Operation> const& operation) {
     figure.UnHideItems(hidden, operation);
 }
 
-// Showing again what isn't hidden is a change of nothing, and no failure.
-bool HasFailed(Figure& figure) {
-    Figure::Deltas failures;
-    figure.TakeDeltaFailures(failures);
-    return std::any_of(failures.begin(), failures.end(),
-                       [](auto const& delta) { return IsWorthSaving(*delta); });
-}
-
 std::string_view KeyOf(Edit::Kind kind) {
     switch (kind) {
         case Edit::HIDE:
@@ -234,7 +226,7 @@ std::optional<std::string> Editor::Do(Edit const& edit) {
     Perform(edit, parts, operation);
     zvk::RecordOperation(operation);
     bool const failed = std::count_if(parts.begin(), parts.end(), [](Part const& part) {
-                            return HasFailed(*part.sheet->figure);
+                            return TakeFailures(*part.sheet->figure);
                         }) != 0;
     if (!failed) return {};
     session_.GetHistory().Undo();
@@ -258,8 +250,13 @@ Editor::Problem Editor::ChooseSheet(std::vector<std::string> const& names) {
 
 Editor::Problem Editor::Replay(bool redo) {
     History& history = session_.GetHistory();
-    if (redo ? history.Redo() : history.Undo()) return {};
-    return std::string("there is nothing to ") + (redo ? "redo" : "undo");
+    if (!(redo ? history.Redo() : history.Undo())) {
+        return std::string("there is nothing to ") + (redo ? "redo" : "undo");
+    }
+    // What was done once fits; what is done again without any item is no failure.
+    for (SessionSheet const& sheet : session_.GetSheets())
+        TakeFailures(*sheet.figure);
+    return {};
 }
 
 std::vector<Editor::Part> Editor::WholeSheets() const {

@@ -2,6 +2,7 @@
 
 #include <figrep/AbstractFigureItem.h>
 #include <figrep/Figure.h>
+#include <session/Failures.h>
 #include <session/History.h>
 #include <session/query/FindItems.h>
 #include <zvk/Operation.h>
@@ -38,8 +39,10 @@ std::optional<std::string> ShowOnly(Session& session, VisibilityWish const& wish
     if (auto const complaint = ComplaintAbout(hidden)) return complaint;
     if (!wish.isolate.empty()) Isolate(session, isolated);
     if (!wish.hide.empty()) Hide(session, hidden);
-    for (SessionSheet const& sheet : session.GetSheets())
+    for (SessionSheet const& sheet : session.GetSheets()) {
+        TakeFailures(*sheet.figure);  // to isolate shows again what may not have been hidden
         sheet.figure->UpdateContent();
+    }
     return {};
 }
 

@@ -229,11 +229,13 @@ TEST(Edits, ShowingAllWhereAllIsShownLeavesNothingToSave) {
     auto const session = OpenExample();
     ASSERT_TRUE(session);
     std::string const before = session->SaveFigures();
-    ASSERT_EQ(Do(*session, "show-all"), "");
-    EXPECT_EQ(session->GetHistory().CountUndo(), 1u);
-    EXPECT_EQ(session->SaveFigures(), before);
-    for (SessionSheet const& sheet : session->GetSheets())
-        EXPECT_FALSE(sheet.figure->HasDeltaFailures());
+    for (char const* script : {"show-all", "undo\nredo"}) {
+        ASSERT_EQ(Do(*session, script), "");
+        EXPECT_EQ(session->GetHistory().CountUndo(), 1u);
+        EXPECT_EQ(session->SaveFigures(), before);
+        for (SessionSheet const& sheet : session->GetSheets())
+            EXPECT_FALSE(sheet.figure->HasDeltaFailures()) << script;
+    }
 }
 
 // Refusals.

@@ -95,6 +95,14 @@ TEST(ShowHide, AnUnknownNameChangesNothing) {
     EXPECT_FALSE(session->GetHistory().CanUndo());
 }
 
+TEST(ShowHide, ShowingWhatIsShownAnywayIsNoFailure) {
+    auto const session = test::OpenExample();
+    ASSERT_TRUE(session);
+    EXPECT_FALSE(ShowOnly(*session, {{"U2"}, {}}));
+    for (SessionSheet const& sheet : session->GetSheets())
+        EXPECT_FALSE(sheet.figure->HasDeltaFailures()) << sheet.path;
+}
+
 TEST(ShowHide, UndoBringsEverythingBackAndRedoTakesItAwayAgain) {
     auto const session = test::OpenExample();
     ASSERT_TRUE(session);
