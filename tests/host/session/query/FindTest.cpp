@@ -3,6 +3,7 @@
 #include <figrep/AbstractFigureItem.h>
 #include <figrep/Figure.h>
 #include <host/session/ExampleSession.h>
+#include <session/edits/ShowHide.h>
 #include <session/query/FindItems.h>
 
 #include <set>
@@ -122,13 +123,33 @@ TEST_F(FindTest, NothingMatchesWhatIsNowhere) {
     EXPECT_TRUE(Find("no such text").empty());
 }
 
-TEST(Find, WhatIsHiddenIsNotFound) {
+std::size_t CountOf(Session const& session, std::string const& text) {
+    return FindMatches(session, text).size();
+}
+
+TEST(Find, WhatIsHiddenIsNotFoundUntilItIsShownAgain) {
     auto const session = OpenExample();
     ASSERT_TRUE(session);
-    ASSERT_EQ(FindMatches(*session, "U2").size(), 2u);
-    FindItems(*session, "U2").at(0).item->SetVisibility(false);
+    for (char const* name : {"U2", "/D[0..7]", "/SDA"}) {
+        SCOPED_TRACE(name);
+        std::size_t const all = CountOf(*session, name);
+        ASSERT_GE(all, 1u);
+        ASSERT_FALSE(ShowOnly(*session, {{}, {name}}));
+        EXPECT_EQ(CountOf(*session, name), 0u);
+        ASSERT_TRUE(session->GetHistory().Undo());
+        EXPECT_EQ(CountOf(*session, name), all);
+    }
+}
+
+TEST(Find, TextsThatAreNotPaintedAreNotFound) {
+    auto const session = OpenExample();
+    ASSERT_TRUE(session);
+    SheetItem const part = FindItems(*session, "U2").at(0);
+    part.sheet->figure->SetItemVisibility(part.item, false);
     for (Match const& match : FindMatches(*session, "U2"))
         EXPECT_NE(match.kind, Match::TEXT);
+    part.sheet->figure->SetItemVisibility(part.item, true);
+    EXPECT_EQ(CountOf(*session, "U2"), 2u);
 }
 
 TEST(SheetPlace, CountsFromTheUpperLeftCornerDownward) {

@@ -15,6 +15,7 @@
 #include <support/Drawing.h>
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -171,6 +172,41 @@ TEST_F(SettingChainTest, TheNearestHolderOfTheHighestLevelIsTold) {
     EXPECT_EQ(Holder(), "itself 0");
     figure->GetCableInstances()[0]->AddSetting(Color(figk::Setting::LEVEL_UPPER_A), false);
     EXPECT_EQ(Holder(), "CableInstance W1 2") << "a higher level further up";
+}
+
+TEST_F(SettingChainTest, EverySettingOfALookIsTold) {
+    using figrep::Setting;
+    // Line attributes are told by their members, and the uses of lowlight decide no look.
+    Setting::RepKey const keys[] = {Setting::TEXT_COLOR,
+                                    Setting::BACKGROUND_COLOR,
+                                    Setting::ARROW_STYLE,
+                                    Setting::COLOR,
+                                    Setting::CROSSING_POINT_STYLE,
+                                    Setting::FILL_ATTRIBUTES,
+                                    Setting::SELECTION_HIGHLIGHT_COLOR,
+                                    Setting::PRESELECTION_HIGHLIGHT_COLOR,
+                                    Setting::LINE_COLOR,
+                                    Setting::LINE_WEIGHT,
+                                    Setting::LINE_STYLE,
+                                    Setting::TOP_SEGMENT_VERTICAL,
+                                    Setting::TEXTURE,
+                                    Setting::TRANSPARENCY,
+                                    Setting::PRESELECTION_NONE,
+                                    Setting::DIM,
+                                    Setting::FORMAT_GRID_ON,
+                                    Setting::ITEM_VISIBILITY};
+    std::set<std::string> names;
+    for (Setting::RepKey const& key : keys) {
+        SmartPtr<figk::BaseSettingValue> const on(new figk::SettingValue<bool>(true));
+        segment->AddSetting(
+            SmartPtr<Setting>(new Setting(key, on, figk::Setting::LEVEL_FIGURE, true)), false);
+        for (SettingStatus const& setting : SettingsOf(*segment)) {
+            if (setting.from == "itself" && setting.level == 7 && setting.value == "yes") {
+                names.insert(setting.name);
+            }
+        }
+        EXPECT_EQ(names.size(), static_cast<std::size_t>(&key - keys) + 1) << key;
+    }
 }
 
 TEST_F(SettingChainTest, ANetInACableTellsTheCable) {

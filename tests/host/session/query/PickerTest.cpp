@@ -1,13 +1,17 @@
 #include <session/query/Picker.h>
 
 #include <figk/AbstractDelta.h>
+#include <figk/SchematicKernel.h>
 #include <figrep/AbstractFigureItem.h>
 #include <figrep/BaseGraphic.h>
 #include <figrep/BlockInstance.h>
 #include <figrep/Figure.h>
 #include <figrep/FigureSheetDeltaGenerator.h>
+#include <figrep/HighwaySegment.h>
 #include <figrep/KernelToFigureFactory.h>
+#include <figrep/NetSegment.h>
 #include <figrep/Segment.h>
+#include <figrep/SubHighway.h>
 #include <figrep/SubNet.h>
 #include <host/session/ExampleSession.h>
 #include <session/edits/ShowHide.h>
@@ -15,11 +19,15 @@
 #include <session/query/FindItems.h>
 #include <support/Corpus.h>
 #include <support/Drawing.h>
+#include <support/GeneratedDesign.h>
+#include <support/Random.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fighost {
@@ -33,7 +41,10 @@ using Names = std::vector<std::string>;
 
 // A figure drawn by hand, with the design that it rests on.
 struct Drawn {
-    explicit Drawn(Drawing const& drawing) : design(drawing.BuildDesign()) {
+    explicit Drawn(Drawing const& drawing) : Drawn(drawing.BuildDesign()) {}
+    explicit Drawn(figkernel::DesignSource const& source)
+        : Drawn(figkernel::Build(source, figk::SchematicKernel::GetKernelLock()).design) {}
+    explicit Drawn(SmartPtr<figk::Design> const& built) : design(built) {
         figure = figrep::KernelToFigureFactory().CreateFigure();
         for (auto const& sheet : design->GetSheets()) {
             figrep::FigureSheetDeltaGenerator generator(sheet);
@@ -199,6 +210,147 @@ void ExpectEverythingCanBePicked(SessionSheet const& sheet) {
         EXPECT_TRUE(Holds(inside, block)) << sheet.path << " " << block->GetName();
         EXPECT_TRUE(Holds(touching, block)) << sheet.path << " " << block->GetName();
     }
+}
+
+// A wire as a scan sees it.
+struct ScannedWire {
+    AbstractFigureItem const* item;
+    dg::DPoint2D from, to;
+    AbstractFigureItem const* whole;  // its net or highway
+};
+
+dg::DPoint2D Between(ScannedWire const& wire, double share) {
+    return {wire.from.x + (wire.to.x - wire.from.x) * share,
+            wire.from.y + (wire.to.y - wire.from.y) * share};
+}
+
+double DistanceTo(ScannedWire const& wire, dg::DPoint2D const& point) {
+    double const dx = wire.to.x - wire.from.x;
+    double const dy = wire.to.y - wire.from.y;
+    double const along = (point.x - wire.from.x) * dx + (point.y - wire.from.y) * dy;
+    auto const nearest = Between(wire, std::clamp(along / (dx * dx + dy * dy), 0.0, 1.0));
+    return std::hypot(point.x - nearest.x, point.y - nearest.y);
+}
+
+bool IsIn(dg::DPoint2D const& point, dg::DBox2D const& box) {
+    return point.x >= box.XMin() && point.x <= box.XMax() && point.y >= box.YMin() &&
+           point.y <= box.YMax();
+}
+
+// Cuts the wire down to what lies between the sides of the window, one pair after the other.
+bool Crosses(ScannedWire const& wire, dg::DBox2D const& box) {
+    double first = 0;
+    double last = 1;
+    auto const cut = [&](double from, double to, double low, double high) {
+        if (from == to) return from >= low && from <= high;
+        double const a = (low - from) / (to - from);
+        double const b = (high - from) / (to - from);
+        first = std::max(first, std::min(a, b));
+        last = std::min(last, std::max(a, b));
+        return first <= last;
+    };
+    return cut(wire.from.x, wire.to.x, box.XMin(), box.XMax()) &&
+           cut(wire.from.y, wire.to.y, box.YMin(), box.YMax());
+}
+
+class ScannedFigure {
+public:
+    explicit ScannedFigure(SmartPtr<figrep::Figure> const& figure) {
+        ForEachItem(figure, [&](SmartPtr<AbstractFigureItem> const& item) {
+            if (auto const piece = du::DynamicCast<figrep::NetSegment>(item)) {
+                Add(*piece, piece->GetSubNet().Get());
+            } else if (auto const part = du::DynamicCast<figrep::HighwaySegment>(item)) {
+                Add(*part, part->GetSubHighway().Get());
+                for (auto const& subNet : part->GetSubNets())
+                    alongHighways_.push_back({part.Get(), subNet.Get()});
+            }
+        });
+    }
+
+    std::vector<ScannedWire> wires;
+
+    // Whether all of the wire's net is in the window, and of the highways what the net runs along.
+    bool IsWholeIn(ScannedWire const& wire, dg::DBox2D const& box) const {
+        return std::all_of(wires.begin(), wires.end(), [&](ScannedWire const& other) {
+            bool const belongs =
+                other.whole == wire.whole ||
+                std::find(alongHighways_.begin(), alongHighways_.end(),
+                          std::pair(other.item, wire.whole)) != alongHighways_.end();
+            return !belongs || (IsIn(other.from, box) && IsIn(other.to, box));
+        });
+    }
+
+private:
+    void Add(figrep::Segment const& segment, AbstractFigureItem const* whole) {
+        ScannedWire wire{&segment, {}, {}, whole};
+        segment.GetEnds(wire.from, wire.to);
+        wires.push_back(wire);
+    }
+
+    std::vector<std::pair<AbstractFigureItem const*, AbstractFigureItem const*>> alongHighways_;
+};
+
+template <class Test>
+std::set<AbstractFigureItem const*> Scan(ScannedFigure const& scanned, Test const& test) {
+    std::set<AbstractFigureItem const*> found;
+    for (ScannedWire const& wire : scanned.wires) {
+        bool const isPoint = wire.from == wire.to;  // nothing that a user sees
+        if (!isPoint && test(wire)) found.insert(wire.item);
+    }
+    return found;
+}
+
+std::set<AbstractFigureItem const*> WiresAmong(Items const& items) {
+    std::set<AbstractFigureItem const*> wires;
+    for (auto const& item : items) {
+        auto const segment = du::DynamicCast<figrep::Segment>(item);
+        dg::DPoint2D from, to;
+        if (segment) segment->GetEnds(from, to);
+        if (segment && !(from == to)) wires.insert(item.Get());
+    }
+    return wires;
+}
+
+TEST(Picker, FindsTheWiresThatAScanOfAllOfThemFinds) {
+    std::size_t at = 0, touching = 0, inside = 0;
+    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+        SCOPED_TRACE(seed);
+        Drawn const drawn(figrep::test::GenerateTangle(seed));
+        ScannedFigure const scanned(drawn.figure);
+        dg::DBox2D const all = drawn.figure->GetExtents();
+        figrep::test::Random random(seed);
+        auto const somewhere = [&](double more) {
+            double const x = random.Unit() * (1 + 2 * more) - more;
+            double const y = random.Unit() * (1 + 2 * more) - more;
+            return dg::DPoint2D(all.XMin() + x * all.Size().x, all.YMin() + y * all.Size().y);
+        };
+        Picker picker(drawn.figure);
+        for (int i = 0; i < 20; ++i) {
+            auto const point = somewhere(0);
+            double const tolerance = random.Unit() * all.Size().x / 20;
+            Items hit;
+            for (auto const& found : picker.At(point, tolerance))
+                hit.push_back(found.item);
+            EXPECT_EQ(WiresAmong(hit), Scan(scanned, [&](ScannedWire const& wire) {
+                          return DistanceTo(wire, point) <= tolerance;
+                      }));
+            at += WiresAmong(hit).size();
+            dg::DBox2D const window{somewhere(0.4), somewhere(0.4)};
+            auto const touched = WiresAmong(picker.Touching(window));
+            EXPECT_EQ(touched, Scan(scanned, [&](ScannedWire const& wire) {
+                          return Crosses(wire, window);
+                      }));
+            touching += touched.size();
+            auto const whole = WiresAmong(picker.Inside(window));
+            EXPECT_EQ(whole, Scan(scanned, [&](ScannedWire const& wire) {
+                          return scanned.IsWholeIn(wire, window);
+                      }));
+            inside += whole.size();
+        }
+    }
+    EXPECT_GT(at, 50u);
+    EXPECT_GT(touching, 1000u);
+    EXPECT_GT(inside, 100u);
 }
 
 TEST(Picker, EverythingOfTheExampleCanBePicked) {
