@@ -230,6 +230,8 @@ TEST_F(FigureConnectionsDeltaTest, WritesItsRecordsInOrder) {
                  "broken_connection {", "sub_net_id='other'", "static_pos=(1,2,0)",
                  "start_pos=(3,4,0)", "end_pos=(5,6,0)", "predecessor_not_successor=false", "}"}));
     EXPECT_EQ(delta->GetConnectionRecords().size(), 2u);
+    EXPECT_FALSE(delta->IsPrimary());
+    EXPECT_FALSE(delta->IsAppearanceOnly());
     EXPECT_EQ(FigureConnectionsDelta::GetClassTypeValue().GetString(), "connections_delta");
 }
 

@@ -118,6 +118,24 @@ TEST_F(FigureItemSettingDeltaTest, AppliedAgainItRemembersWhatStoodThereAtFirst)
     EXPECT_EQ(OwnVisibility(*block), Own::SHOWN);
 }
 
+TEST_F(FigureItemSettingDeltaTest, PutsItsSettingOnThroughTheFigure) {
+    figure->ResetHasChanged();
+    SmartPtr<FigureItemSettingDelta> const delta =
+        new FigureItemSettingDelta(Visibility(false), block);
+    EXPECT_TRUE(delta->Apply(*figure));
+    EXPECT_TRUE(figure->HasChanged());
+}
+
+TEST_F(FigureItemSettingDeltaTest, UndoTakesTheVisibilityOffAtTheLevelOfFiguresOnly) {
+    SmartPtr<FigureItemSettingDelta> const delta =
+        new FigureItemSettingDelta(Visibility(false, figk::Setting::LEVEL_BASE), block);
+    block->AddSetting(Visibility(true), false);
+    EXPECT_TRUE(delta->Apply(*figure));
+    EXPECT_EQ(OwnVisibility(*block), Own::SHOWN);
+    delta->RemoveSetting();
+    EXPECT_EQ(OwnVisibility(*block), Own::HIDDEN) << "what stands at another level stays";
+}
+
 TEST_F(FigureItemSettingDeltaTest, RemoveSettingBringsNothingBack) {
     block->AddSetting(Visibility(true), false);
     Hidden()->RemoveSetting();

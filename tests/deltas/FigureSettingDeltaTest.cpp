@@ -40,6 +40,14 @@ TEST_F(FigureSettingDeltaTest, PutsTheSettingOnItsItems) {
     EXPECT_TRUE(IsHidden(*second));
 }
 
+TEST_F(FigureSettingDeltaTest, TellsTheItemsAndNotTheFigure) {
+    figure->ResetHasChanged();
+    EXPECT_TRUE(SmartPtr<FigureSettingDelta>(new FigureSettingDelta(Visibility(false), {first}))
+                    ->Apply(*figure));
+    EXPECT_TRUE(IsHidden(*first));
+    EXPECT_FALSE(figure->HasChanged());
+}
+
 TEST_F(FigureSettingDeltaTest, AppliesToTheOneTargetThatIsLeft) {
     SmartPtr<FigureSettingDelta> const delta = new FigureSettingDelta(
         {Symbol("gone"), Symbol("lost"), second->GetId()}, VISIBILITY, false, FIGURE_LEVEL);

@@ -226,6 +226,26 @@ TEST(FigureSubNetDelta, SecondTapOntoOneHighwayMakesNoEntry) {
     }
 }
 
+// A net's wires go on behind a tap that leads nowhere; behind two in a row they begin anew.
+TEST(FigureSubNetDelta, OneTapBetweenWiresIsLookedThroughAndNoSecond) {
+    for (std::size_t const taps : {1u, 2u}) {
+        SmartPtr<SubNetWithHead> const record = new SubNetWithHead("net");
+        SmartPtr<figk::BaseConnectionNode> last = record->head;
+        for (std::size_t i = 0; i < taps; ++i) {
+            SmartPtr<figk::BaseConnectionNode> const tap = new FakeHighwayNode(nullptr);
+            last->AddSuccessor(tap);
+            last = tap;
+        }
+        last = new figk::JunctionNode(nullptr, last);
+        SmartPtr<FakeNetSegment>(new FakeNetSegment(DPoint2D(5, 0), DPoint2D(6, 0), last));
+        SmartPtr<Figure> const figure = new Figure();
+        EXPECT_TRUE(
+            SmartPtr<FigureSubNetDelta>(new FigureSubNetDelta(record, COPY))->Apply(*figure));
+        EXPECT_EQ(WiresOf<NetSegment>(figure->GetSubNets().at(0)),
+                  taps == 1 ? (Strings{"0,0 1,0", "5,0 6,0"}) : (Strings{"5,0 6,0"}));
+    }
+}
+
 TEST_F(FigureSubNetDeltaTest, TwoVerticesMakeOneSegmentWhichBecomesTheHead) {
     auto const root = Vertex(0, 0);
     Vertex(10, 0, root);

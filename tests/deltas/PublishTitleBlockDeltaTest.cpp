@@ -116,6 +116,8 @@ TEST_F(PublishTitleBlockDeltaTest, AuthoringHostPublishesUnlessItsBatchModeIsFou
 TEST_F(PublishTitleBlockDeltaTest, WritesItsSegmentsInOrder) {
     SmartPtr<PublishTitleBlockDelta> const delta =
         new PublishTitleBlockDelta(SectionsOf({{"a", "b"}, {}}));
+    EXPECT_FALSE(delta->IsPrimary());
+    EXPECT_FALSE(delta->IsAppearanceOnly());
     EXPECT_EQ(Written(delta),
               (Strings{"action=int 3", "type='publish_title_block_delta'", "text_section {",
                        "text_segment {", "text_type=int 2", "text='token'", "original=false",
