@@ -22,7 +22,8 @@ namespace fighost {
 ///
 /// A loaded component is written back as it was read, whatever it found in the present design and
 /// whether or not it was understood, unless its delta has been taken off the figure's list. So
-/// saving on a revision that has lost something loses nothing.
+/// saving on a revision that has lost something loses nothing. Whatever else stands in the figure
+/// is written back in its place.
 class SavedFigure {
 public:
     struct Component {
@@ -33,7 +34,8 @@ public:
     };
 
     bool showGrid = false;
-    std::vector<std::shared_ptr<zvk::SerializedContentElement const>> designs;
+    /// All that was read; the contents of the components are parts of it.
+    std::shared_ptr<zvk::SerializedContentElement const> content;
     std::vector<Component> components;
 
     /// The sheets that the figure was made from, by the ids of design and sheet.
@@ -49,6 +51,7 @@ struct ReadFigures {
     struct File {
         std::vector<SavedFigure> figures;
         KnownNames names;
+        std::shared_ptr<zvk::SerializedContentElement const> content;  ///< all that was read
     };
     std::optional<File> file;
     std::optional<Finding> error;
@@ -64,10 +67,6 @@ ReadFigures ReadSavedFigures(std::string_view bytes, std::string const& path);
 /// False for a setting that was put on no item at all, as showing all makes it where all is shown.
 bool IsWorthSaving(figk::AbstractDelta const& delta);
 
-/// What a figure's part of the file holds now: `saved` is what it was loaded from, or null.
-std::unique_ptr<zvk::SerializedContentElement> CaptureFigure(
-    figrep::SmartPtr<figrep::Figure> const& figure, SavedFigure const* saved);
-
 /// A figure to be saved.
 struct FigureToSave {
     figrep::SmartPtr<figrep::Figure> figure;  ///< null: one that isn't open; it is kept as it was
@@ -75,7 +74,9 @@ struct FigureToSave {
 };
 
 /// The bytes of a file with these figures. `names` are those known so far; the figures' own names
-/// replace them.
-std::string WriteSavedFigures(std::vector<FigureToSave> const& figures, KnownNames const& names);
+/// replace them. `file` is what was read of the file that is replaced, null for a new one: what
+/// isn't a figure in it is written back in its place. Its own figures come first in `figures`.
+std::string WriteSavedFigures(std::vector<FigureToSave> const& figures, KnownNames const& names,
+                              zvk::SerializedContentElement const* file = nullptr);
 
 }  // namespace fighost

@@ -46,10 +46,12 @@ std::optional<Finding> SavedState::Read(FileSource& files, std::string const& pa
                                         bool mayBeMissing) {
     entries_.clear();
     names_.clear();
+    content_.reset();
     ReadFigures read = ReadSavedFigures(files, path);
     if (read.isMissing && mayBeMissing) return {};
     if (read.error) return std::move(read.error);
     names_ = std::move(read.file->names);
+    content_ = std::move(read.file->content);
     for (SavedFigure& saved : read.file->figures)
         entries_.push_back({std::move(saved), {}, {}});
     return {};
@@ -126,7 +128,7 @@ std::string SavedState::Write(std::vector<SmartPtr<figrep::Figure>> const& figur
         if (IsChanged(figure) && isNew(figure)) parts.push_back({figure, nullptr});
     }
     if (parts.empty() && !figures.empty()) parts.push_back({figures.front(), nullptr});
-    return WriteSavedFigures(parts, names_);
+    return WriteSavedFigures(parts, names_, content_.get());
 }
 
 }  // namespace fighost

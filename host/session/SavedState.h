@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,7 +28,8 @@ DeltaTypes HostDeltaTypes();
 
 /// The figures of one file, each given out to the open sheet from which it was made.
 ///
-/// Those that belong to no open sheet are kept as they are and written back. Locking: the kernel's
+/// Those that belong to no open sheet are kept as they are and written back, and so is whatever
+/// else stands in the file. Locking: the kernel's
 /// lock, through the figures.
 class SavedState {
 public:
@@ -68,6 +70,7 @@ private:
 
     std::vector<Entry> entries_;
     KnownNames names_;
+    std::shared_ptr<zvk::SerializedContentElement const> content_;  // of the file; null for none
 };
 
 }  // namespace fighost

@@ -25,7 +25,7 @@ inline std::string Save(SmartPtr<Figure> const& figure, SavedFigure const* saved
 inline ReadFigures::File Read(std::string const& bytes) {
     auto read = ReadSavedFigures(bytes, "test.figrep");
     EXPECT_FALSE(read.error) << read.error->ToString();
-    return read.file ? *read.file : ReadFigures::File{{SavedFigure()}, {}};
+    return read.file ? *read.file : ReadFigures::File{{SavedFigure()}, {}, nullptr};
 }
 
 /// A figure that has the sheet's frame and nothing else yet.
@@ -63,7 +63,9 @@ struct Loaded {
         : file(std::move(read)), figure(fresh) {
         reports = ApplySavedFigure(figure, file.figures.at(0), DeltaTypes(), file.names);
     }
-    std::string SaveAgain() const { return Save(figure, &file.figures[0], file.names); }
+    std::string SaveAgain() const {
+        return WriteSavedFigures({{figure, &file.figures[0]}}, file.names, file.content.get());
+    }
     bool AllApplied() const {
         return std::all_of(reports.begin(), reports.end(), [](DeltaReport const& report) {
             return report.outcome == DeltaReport::APPLIED;

@@ -13,6 +13,7 @@
 #include <figrep/TitleBlock.h>
 #include <figrep/TitleBlockTextSection.h>
 #include <figrep/TransformAction.h>
+#include <host/UnknownParts.h>
 
 #include "SavedFigureSupport.h"
 
@@ -99,6 +100,101 @@ TEST(SavedFigures, LostSheetIsSetAsideAndTheRestIsRun) {
     EXPECT_EQ(loaded.reports.at(0).outcome, DeltaReport::FAILED);
     EXPECT_TRUE(loaded.figure->GetDeltas().empty());
     EXPECT_EQ(loaded.SaveAgain(), bytes);
+}
+
+TEST(SavedFigures, LostSheetDoesNotStopTheChangesBehindIt) {
+    auto source = NamedDesign("two", 2);
+    source.sheets[0].blocks = {BlockWith("U1", {Pin("1", DPoint2D(0, 0), 0)})};
+    source.sheets[1].blocks = {BlockWith("U2", {Pin("1", DPoint2D(5, 5), 0)})};
+    AddNets(source, {"N"});
+    std::string bytes;
+    {
+        InstalledDesign const drawing(source);
+        SmartPtr<Figure> const figure = new Figure();
+        for (std::size_t i : {0u, 1u}) {
+            SmartPtr<FigureSheetDeltaGenerator> const generator =
+                new FigureSheetDeltaGenerator(drawing.Sheet(i));
+            figure->GenerateDeltas(*generator);
+        }
+        figure->ApplyDeltas(false);
+        for (char const* name : {"U1", "U2"}) {
+            figure->AddAndApplyDelta(
+                new FigureMoveDelta({BlockOf(figure, name)}, {}, {1, 1}, false), false, false);
+        }
+        bytes = Save(figure);
+    }
+    source.sheets.erase(source.sheets.begin());
+    InstalledDesign const revision(source);
+    Loaded const loaded(bytes);
+    ASSERT_EQ(loaded.reports.size(), 4u);
+    EXPECT_EQ(loaded.reports[0].outcome, DeltaReport::FAILED) << loaded.Reports();
+    EXPECT_EQ(loaded.reports[1].outcome, DeltaReport::APPLIED) << loaded.Reports();
+    EXPECT_EQ(loaded.reports[2].outcome, DeltaReport::FAILED) << loaded.Reports();
+    EXPECT_EQ(loaded.reports[3].outcome, DeltaReport::APPLIED) << loaded.Reports();
+    EXPECT_EQ(BlockOf(loaded.figure, "U2")->GetConnectorInstances().at(0)->GetPosition(),
+              DPoint2D(6, 6));
+    EXPECT_EQ(loaded.figure->GetDeltas().size(), 3u) << "all but the lost sheet";
+    EXPECT_EQ(loaded.SaveAgain(), bytes);
+}
+
+TEST(SavedFigures, WhatTheProgramDoesNotKnowIsWrittenBackInItsPlace) {
+    InstalledDesign const drawing(TwoBlocksAndAWire());
+    auto const figure = LoadedFigure(drawing.Sheet());
+    figure->AddAndApplyDelta(new FigureMoveDelta({BlockOf(figure, "U1")}, {}, {1, 1}, false), false,
+                             false);
+    std::string const bytes = WithUnknownParts(Save(figure), 9);
+    ASSERT_GT(bytes.size(), 3 * Save(figure).size());
+    Loaded const loaded(bytes);
+    EXPECT_TRUE(loaded.AllApplied()) << loaded.Reports();
+    EXPECT_EQ(loaded.SaveAgain(), bytes);
+}
+
+TEST(SavedFigures, NewChangesStandBehindTheLoadedOnesAndAllElseStaysInItsPlace) {
+    InstalledDesign const drawing(TwoBlocksAndAWire());
+    auto const figure = LoadedFigure(drawing.Sheet());
+    figure->AddAndApplyDelta(new FigureMoveDelta({BlockOf(figure, "U1")}, {}, {1, 1}, false), false,
+                             false);
+    std::string const bytes = WithUnknownParts(Save(figure), 9);
+    Loaded const loaded(bytes);
+    SmartPtr<figk::AbstractDelta> const deletion =
+        new FigureItemDeleteDelta(BlockOf(loaded.figure, "U2"));
+    loaded.figure->AddAndApplyDelta(deletion, false, false);
+    std::string const more = loaded.SaveAgain();
+    EXPECT_EQ(DescribeSavedFigure(Read(more).figures[0], {}).size(), 3u);
+    std::size_t const from = more.find(
+        "    <content key=\"component\">\n      <int key=\"action\" "
+        "value=\"2\" />");
+    ASSERT_NE(from, std::string::npos) << more;
+    std::string const end = "\n    </content>\n";
+    std::string rest = more;
+    rest.erase(from, more.find(end, from) + end.size() - from);
+    EXPECT_EQ(rest, bytes);
+    loaded.figure->RemoveDelta(deletion);
+    loaded.figure->RemoveDelta(loaded.figure->GetDeltas().at(1));
+    std::string const less = loaded.SaveAgain();
+    EXPECT_EQ(DescribeSavedFigure(Read(less).figures[0], {}).size(), 1u);
+    for (char const* kept : {"unknown1\"", "unknown2\"", "unknown3\""})
+        EXPECT_NE(less.find(kept), std::string::npos) << kept;
+}
+
+TEST(SavedFigures, DesignUnderAnotherNameIsNotedBehindTheOneThatWasThere) {
+    auto source = TwoBlocksAndAWire();
+    std::string bytes;
+    {
+        InstalledDesign const drawing(source);
+        bytes = Save(LoadedFigure(drawing.Sheet()));
+    }
+    source.name = "renamed";
+    InstalledDesign const revision(source);
+    std::string const again = Loaded(bytes).SaveAgain();
+    auto const file = Read(again);
+    auto const designs = file.figures[0].content->FindChildren(Figure::s_figure_design);
+    ASSERT_EQ(designs.size(), 2u);
+    EXPECT_EQ(std::get<Symbol>(*designs[0]->FindProperty(Figure::s_design_name)), Symbol("wired"));
+    EXPECT_EQ(std::get<Symbol>(*designs[1]->FindProperty(Figure::s_design_name)),
+              Symbol("renamed"));
+    EXPECT_LT(again.rfind("key=\"design\""), again.find("key=\"component\""));
+    EXPECT_EQ(Loaded(again).SaveAgain(), again);
 }
 
 TEST(SavedFigures, ChangesTakenOffTheListAreNotSavedAndNewOnesAre) {

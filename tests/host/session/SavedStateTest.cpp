@@ -10,6 +10,7 @@
 #include <figrep/TitleBlock.h>
 #include <figrep/TitleBlockTextSection.h>
 #include <figrep/TransformAction.h>
+#include <host/UnknownParts.h>
 #include <host/cli/RunProgram.h>
 #include <session/Session.h>
 #include <support/FigureDump.h>
@@ -129,6 +130,20 @@ TEST_F(SavedStateTest, FileOfAnotherDesignIsKeptWhole) {
     EXPECT_EQ(session->SaveFigures(), bytes);
     MoveBlock(session->GetSheets().at(0), 0);
     EXPECT_EQ(Count(session->SaveFigures(), "<content key=\"figure\">"), 3u);
+}
+
+TEST_F(SavedStateTest, WhatElseStandsInTheFileIsWrittenBackInItsPlace) {
+    std::string const sheet = Open()->GetSheets().at(3).id;
+    constexpr std::size_t IN_FIGURES = 2;
+    std::string const bytes =
+        testing::WithUnknownParts(Replaced(TwoSheetsChanged(), sheet, "/gone"), IN_FIGURES);
+    auto const session = OpenSaved(bytes);
+    ASSERT_TRUE(session);
+    EXPECT_EQ(session->SaveFigures(), bytes);
+    MoveBlock(session->GetSheets().at(0), 0);
+    std::string const more = session->SaveFigures();
+    EXPECT_EQ(Count(more, "<content key=\"figure\">"), 3u);
+    EXPECT_EQ(Count(more, "key=\"unknown"), Count(bytes, "key=\"unknown"));
 }
 
 TEST_F(SavedStateTest, OfTwoFiguresOfASheetTheFirstCounts) {
