@@ -26,9 +26,10 @@ SavedFigure::SheetId IdOf(figk::Sheet const& sheet) {
     return {design ? design->GetId().GetString() : std::string(), sheet.GetId().GetString()};
 }
 
-// The first delta is the sheet itself.
+// The first delta is the sheet itself. The grid is saved with the figure and is no delta.
 bool IsChanged(SmartPtr<figrep::Figure> const& figure) {
     if (!figure) return false;
+    if (figure->GetFormatGridOn()) return true;
     auto const deltas = figure->GetDeltas();
     return std::count_if(deltas.begin(), deltas.end(),
                          [](auto const& delta) { return IsWorthSaving(*delta); }) > 1;

@@ -146,6 +146,22 @@ TEST_F(SavedStateTest, WhatElseStandsInTheFileIsWrittenBackInItsPlace) {
     EXPECT_EQ(Count(more, "key=\"unknown"), Count(bytes, "key=\"unknown"));
 }
 
+TEST_F(SavedStateTest, GridThatWasSwitchedOnIsSavedWithoutAnyOtherChange) {
+    std::string bytes;
+    {
+        auto const session = Open();
+        session->GetSheets().at(2).figure->SetFormatGridOn(true);
+        bytes = session->SaveFigures();
+    }
+    EXPECT_EQ(Count(bytes, "<content key=\"figure\">"), 1u);
+    auto const session = OpenSaved(bytes);
+    ASSERT_TRUE(session);
+    EXPECT_TRUE(session->GetSheets()[2].figure->GetFormatGridOn());
+    EXPECT_FALSE(session->GetSheets()[1].figure->GetFormatGridOn());
+    session->GetSheets()[2].figure->SetFormatGridOn(false);
+    EXPECT_NE(session->SaveFigures().find("key=\"show_grid\" value=\"false\""), std::string::npos);
+}
+
 TEST_F(SavedStateTest, OfTwoFiguresOfASheetTheFirstCounts) {
     std::string bytes = TwoSheetsChanged();
     auto const from = bytes.find("<content key=\"figure\">");
