@@ -134,7 +134,7 @@ private:
 
     // A target can be there and yet be nothing that the change works on.
     std::string MistakeOf(SerializedContentElement const& content) const {
-        if (!TypeOf(content).IsEmpty()) return {};
+        if (!IsDeletion(content)) return {};
         for (auto const& id : TargetsOf(content)) {
             auto const item = figure_->Find(id);
             if (item && !CanBeDeleted(*item)) {

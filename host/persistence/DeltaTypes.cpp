@@ -185,12 +185,6 @@ DeltaTypes::Maker Checked(Make const& make) {
     };
 }
 
-bool LooksLikeADeletion(SerializedContentElement const& element) {
-    ContentFields fields(element);
-    return fields.Has(Delta::s_delta_id) && !fields.Has(Delta::s_delta_type) &&
-           fields.Whole(Delta::s_delta_action) == Delta::ACTION_DELETE;
-}
-
 }  // namespace
 
 DeltaTypes::DeltaTypes() {
@@ -209,7 +203,7 @@ void DeltaTypes::Add(Symbol const& type, Maker maker) {
 
 LoadedDelta DeltaTypes::Load(SerializedContentElement const& element,
                              FigurePtr const& figure) const {
-    if (LooksLikeADeletion(element)) return MakeChecked(element, figure, MakeDeleteDelta);
+    if (IsDeletion(element)) return MakeChecked(element, figure, MakeDeleteDelta);
     Symbol const type = TypeOf(element);
     auto const maker = makers_.find(type);
     if (maker != makers_.end()) return maker->second(element, figure);
@@ -217,6 +211,12 @@ LoadedDelta DeltaTypes::Load(SerializedContentElement const& element,
     unknown.problem =
         type.IsEmpty() ? "it says nothing of its type" : "its type is '" + type.GetString() + "'";
     return unknown;
+}
+
+bool IsDeletion(SerializedContentElement const& element) {
+    ContentFields fields(element);
+    return fields.Has(Delta::s_delta_id) && !fields.Has(Delta::s_delta_type) &&
+           fields.Whole(Delta::s_delta_action) == Delta::ACTION_DELETE;
 }
 
 Symbol TypeOf(SerializedContentElement const& element) {

@@ -40,6 +40,9 @@ private:
     std::map<figrep::Symbol, Maker> makers_;
 };
 
+/// Whether a component is a deletion: these alone are saved without a type.
+bool IsDeletion(zvk::SerializedContentElement const& element);
+
 /// The type text of a component; empty without one.
 figrep::Symbol TypeOf(zvk::SerializedContentElement const& element);
 

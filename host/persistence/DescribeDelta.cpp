@@ -59,13 +59,20 @@ std::string SubNetVerb(SerializedContentElement const& element) {
     return ContentFields(element).Has(Delta::s_delta_head_vertex) ? "draw the wires of" : "copy";
 }
 
+std::string ConnectionsVerb(SerializedContentElement const& element) {
+    bool const rejoins =
+        ContentFields(element).Whole(Delta::s_delta_action) == Delta::ACTION_DELETE;
+    return rejoins ? "rejoin connections of" : "part connections of";
+}
+
 std::string VerbOf(SerializedContentElement const& element) {
     Symbol const type = TypeOf(element);
     if (type == figrep::FigureSubNetDelta::GetClassTypeValue()) return SubNetVerb(element);
     if (type == figrep::FigureMoveDelta::GetClassTypeValue()) return MoveVerb(element);
     if (type == figrep::FigureSettingDelta::GetClassTypeValue()) return SettingVerb(element);
     if (type == figrep::FigureItemSettingDelta::GetClassTypeValue()) return SettingVerb(element);
-    if (type == figrep::FigureConnectionsDelta::GetClassTypeValue()) return "part connections of";
+    if (type == figrep::FigureConnectionsDelta::GetClassTypeValue())
+        return ConnectionsVerb(element);
     return type.IsEmpty() ? "delete" : "'" + type.GetString() + "' on";
 }
 
@@ -96,6 +103,7 @@ std::string NameWithId(Symbol const& id, KnownNames const& names) {
 std::string DescribeDelta(SerializedContentElement const& element, KnownNames const& names) {
     Symbol const type = TypeOf(element);
     auto const targets = TargetsOf(element);
+    if (type.IsEmpty() && !IsDeletion(element)) return "a change of no known kind";
     if (type == figrep::PublishTitleBlockDelta::GetClassTypeValue()) {
         return "set the texts of the title block";
     }
