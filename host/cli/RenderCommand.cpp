@@ -1,10 +1,10 @@
-#include <cli/Color.h>
 #include <cli/Commands.h>
 #include <cli/RenderHighlights.h>
 #include <cli/RenderJob.h>
 #include <cli/SavedFile.h>
 #include <session/edits/ShowHide.h>
 #include <session/look/Contrast.h>
+#include <session/look/ParseColor.h>
 #include <memory>
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #include <cli/RenderHighlights.h>
 
-#include <cli/Color.h>
+#include <session/look/ParseColor.h>
 #include <session/nets/NetHighlight.h>
 #include <session/query/NearNames.h>
 #include <algorithm>

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <system_error>
 
-#include <painters/HexColor.h>
 #include <session/edits/Edits.h>
+#include <session/look/ParseColor.h>
 
 namespace fighost {
 
@@ -79,7 +79,7 @@ bool ParseValue(Edit& edit, std::string const& text) {
             edit.names = {text};
             return true;
         default: {
-            auto const color = ColorOfHex(text);
+            auto const color = ParseColor(text);
             if (color) edit.color = *color;
             return color.has_value();
         }
@@ -149,7 +149,7 @@ ParsedEdit ParseEdit(std::string const& name, std::vector<std::string> const& wo
     if (verb->value && !ParseValue(*parsed.edit, words.back())) {
         std::string problem = "'" + words.back() + "' isn't of the form " + verb->value;
         if (verb->value == COLOR_FORM) {
-            problem = "'" + words.back() + "' is no colour: write it as #rgb or #rrggbb";
+            problem = "'" + words.back() + "' is no colour: write " + COLOR_FORMS;
         }
         return Refuse(words.size(), problem);
     }

@@ -188,6 +188,12 @@ TEST_F(EditCommandTest, PaperAndColoursShowInThePicture) {
     EXPECT_NE(picture.find("#123456"), std::string::npos);
 }
 
+TEST_F(EditCommandTest, ColoursHaveNames) {
+    ASSERT_EQ(Edit({"--colour", "U1=magenta"}).code, 0);
+    EXPECT_NE(Log().find("colour U1 #ff00ff"), std::string::npos) << Log();
+    EXPECT_NE(Picture("Power").find("#ff00ff"), std::string::npos);
+}
+
 // The next revision of the example, in which C2 is gone, R14 has another name and a net another
 // way.
 

@@ -1,5 +1,5 @@
-#include <cli/Color.h>
 #include <painters/HexColor.h>
+#include <session/look/ParseColor.h>
 
 namespace fighost {
 
