@@ -1,6 +1,7 @@
 #include <session/edits/Edits.h>
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_set>
 
 #include <figrep/BaseBlockInstance.h>
@@ -128,6 +129,12 @@ dg::DPoint2D MiddleOf(Items const& items) {
     for (Item const& item : items)
         box.Enclose(item->GetExtents());
     return box.Centre();
+}
+
+// What reaches beyond all numbers has no middle, and no saved change could name it.
+bool HasMiddle(Items const& items) {
+    dg::DPoint2D const middle = MiddleOf(items);
+    return std::isfinite(middle.x) && std::isfinite(middle.y);
 }
 
 figrep::FigureMoveDelta::Transforms TransformsOf(Edit const& edit, Items const& items) {
@@ -279,6 +286,11 @@ Editor::Problem Editor::FindParts(Edit const& edit, std::vector<Part>& parts) co
         for (Item const& item : part.items) {
             auto const complaint = Complaint(edit.kind, *part.sheet->figure, item);
             if (complaint) return complaint;
+        }
+        bool const aboutMiddle = IsTransform(edit.kind) && edit.kind != Edit::MOVE && !edit.about;
+        if (aboutMiddle && !HasMiddle(part.items)) {
+            return Quoted(*part.items.front()) +
+                   " reaches too far to have a middle; name a fixed point with @X,Y";
         }
     }
     // A sheet without an isolated item has nothing left to show but its frame.

@@ -269,6 +269,19 @@ TEST(Edits, WhatHasNoPlaceOfItsOwnIsNotMoved) {
     ExpectRefused("move U1:3 1,1", "no place or size of its own");
 }
 
+TEST(Edits, WhatReachesBeyondAllNumbersIsTurnedAboutANamedPointOnly) {
+    auto session = OpenExample();
+    ASSERT_TRUE(session);
+    ASSERT_EQ(Do(*session, "scale U1 1e300\nscale U1 1e300"), "");
+    for (char const* script : {"scale U1 2", "rotate U1 90", "mirror U1 x"}) {
+        std::string const problem = Do(*session, script);
+        EXPECT_NE(problem.find("name a fixed point"), std::string::npos) << script << problem;
+    }
+    EXPECT_EQ(Recorded(*session), 2u);
+    EXPECT_EQ(Do(*session, "rotate U1 90@1,2\nmove U1 1,1"), "");
+    EXPECT_TRUE(Reopened(session));
+}
+
 TEST(Edits, ItemsThatNoSavedChangeCouldNameAreRefused) {
     auto const session = OpenExample();
     ASSERT_TRUE(session);
