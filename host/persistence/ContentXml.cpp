@@ -316,6 +316,10 @@ ContentFromXml ContentOfXml(std::string_view xml, std::string const& root, std::
     pugi::xml_document document;
     auto const parsed =
         document.load_buffer(xml.data(), xml.size(), pugi::parse_default, pugi::encoding_utf8);
+    if (parsed.status == pugi::status_no_document_element) {
+        result.error = FindingAt(xml, 0, file, "this is another kind of file: it holds no XML");
+        return result;
+    }
     if (!parsed) {
         result.error = FindingAt(xml, parsed.offset, file,
                                  std::string("this is no whole XML file: ") + parsed.description());
@@ -323,9 +327,9 @@ ContentFromXml ContentOfXml(std::string_view xml, std::string const& root, std::
     }
     auto const top = document.document_element();
     if (top.name() != root) {
-        result.error =
-            FindingAt(xml, top.offset_debug(), file,
-                      "this is no saved figure: the file holds '" + std::string(top.name()) + "'");
+        result.error = FindingAt(xml, top.offset_debug(), file,
+                                 "this is another kind of file: it holds '" +
+                                     std::string(top.name()) + "' and not '" + root + "'");
         return result;
     }
     auto content = std::make_unique<SerializedContentElement>(Symbol(root));

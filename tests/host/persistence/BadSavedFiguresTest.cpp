@@ -322,7 +322,9 @@ TEST_F(BadSavedFigures, FilesThatAreNoneAreOneClearMessage) {
     std::string const whole = File("");
     EXPECT_NE(ErrorOf(whole.substr(0, whole.size() / 2)).find("no whole XML"), std::string::npos);
     EXPECT_NE(ErrorOf("").find("f:1:1"), std::string::npos);
-    EXPECT_NE(ErrorOf("<svg/>").find("'svg'"), std::string::npos);
+    EXPECT_NE(ErrorOf("<svg/>").find("another kind of file: it holds 'svg'"), std::string::npos);
+    for (char const* other : {"", "(kicad_sch (version 20230121))", "\x1f\x8b\x08", "{}"})
+        EXPECT_EQ(ErrorOf(other), "f:1:1: this is another kind of file: it holds no XML") << other;
     EXPECT_NE(ErrorOf("<figrep-figures/>").find("no saved figure"), std::string::npos);
     std::string newer = whole;
     newer.replace(newer.find("value=\"1\"") + 7, 1, "2");
