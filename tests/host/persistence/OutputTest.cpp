@@ -1,6 +1,7 @@
 #include <persistence/Output.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -59,6 +60,49 @@ TEST_F(OutputTest, FailureLeavesNothingBehindAndSaysWhy) {
     EXPECT_NE(error.find("cannot write"), std::string::npos);
     EXPECT_FALSE(WriteOutput(folder.string(), "x", error));
     EXPECT_EQ(FilesInFolder(), 0u);
+}
+
+/// To the super-user no folder is closed, so nothing is done as that one while this stands.
+class AsSomebody {
+public:
+    AsSomebody() : before_(::geteuid()) { works_ = before_ != 0 || ::seteuid(NOBODY) == 0; }
+    ~AsSomebody() { works_ = ::seteuid(before_) == 0; }
+    AsSomebody(AsSomebody const&) = delete;
+    AsSomebody& operator=(AsSomebody const&) = delete;
+    bool Works() const { return works_; }
+
+private:
+    static constexpr uid_t NOBODY = 65534;
+    uid_t before_;
+    bool works_;
+};
+
+TEST_F(OutputTest, FolderThatCanNotBeWrittenLeavesTheOldFile) {
+    ASSERT_TRUE(WriteOutput(path, "old", error));
+    ::chmod(folder.c_str(), 0555);
+    bool written = true;
+    bool works = false;
+    {
+        AsSomebody const somebody;
+        works = somebody.Works();
+        if (works) written = WriteOutput(path, "new", error);
+    }
+    ::chmod(folder.c_str(), 0700);
+    if (!works) GTEST_SKIP() << "this user can be nobody else";
+    EXPECT_FALSE(written);
+    EXPECT_NE(error.find("Permission denied"), std::string::npos) << error;
+    EXPECT_EQ(Content(path), "old");
+    EXPECT_EQ(FilesInFolder(), 1u);
+}
+
+TEST_F(OutputTest, WhereNoFileCanBeMadeTheOldOneStaysWhole) {
+    std::string const longest = (folder / std::string(252, 'n')).string();
+    std::ofstream(longest) << "old";
+    ASSERT_EQ(Content(longest), "old");
+    EXPECT_FALSE(WriteOutput(longest, "new", error)) << "no room for the temporary file's name";
+    EXPECT_NE(error.find(longest + ": cannot write"), std::string::npos);
+    EXPECT_EQ(Content(longest), "old");
+    EXPECT_EQ(FilesInFolder(), 1u);
 }
 
 TEST_F(OutputTest, FullDeviceIsAnError) {
