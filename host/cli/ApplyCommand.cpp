@@ -51,6 +51,9 @@ ExitCode Apply(ApplyArguments const& arguments) {
         PrintMessage("apply: standard output has the report; name a file for the figure");
         return EXIT_WRONG_USAGE;
     }
+    bool const refused = RefuseSharedInput("apply", {arguments.file, arguments.saved}) ||
+                         RefuseOverDesign("apply", arguments.file, arguments.output);
+    if (refused) return EXIT_WRONG_USAGE;
     SessionOptions options;
     options.saved = arguments.saved;
     std::unique_ptr<Session> const session = OpenSession(arguments, options);

@@ -29,7 +29,7 @@ struct RenderArguments : CommonArguments {
     std::string crossings = "arc";
     std::vector<std::string> hide;     ///< names of items, nets or ports
     std::vector<std::string> isolate;  ///< the same
-    std::string saved;  ///< a file of saved figures; empty for none
+    std::string saved;                 ///< a file of saved figures; empty for none
 };
 
 struct InfoArguments : CommonArguments {
@@ -112,6 +112,11 @@ std::unique_ptr<Session> OpenSession(CommonArguments const& arguments,
 
 /// Tells that the design has no such sheet.
 ExitCode RefuseSheet(std::string const& command, std::string const& sheet);
+
+/// Whether `output` is the design's root file, or is named as files of designs are; tells it for
+/// the command. What a user draws is never written over.
+bool RefuseOverDesign(std::string const& command, std::string const& design,
+                      std::string const& output);
 
 /// Prints data; false when standard output doesn't take it.
 ExitCode PrintData(std::string const& data);

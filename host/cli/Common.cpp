@@ -1,6 +1,8 @@
 #include <cli/Commands.h>
 #include <cli/Output.h>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace fighost {
@@ -38,6 +40,16 @@ ExitCode RefuseSheet(std::string const& command, std::string const& sheet) {
     PrintMessage(command + ": no sheet is called '" + sheet +
                  "'; 'figrep list sheets' names them all");
     return EXIT_WRONG_USAGE;
+}
+
+bool RefuseOverDesign(std::string const& command, std::string const& design,
+                      std::string const& output) {
+    std::error_code failure;
+    bool const isDesign =
+        std::filesystem::equivalent(design, output, failure) ||
+        std::filesystem::path(output).extension().string().rfind(".kicad_", 0) == 0;
+    if (isDesign) PrintMessage(command + ": " + output + " is a file of a design; name another");
+    return isDesign;
 }
 
 ExitCode PrintData(std::string const& data) {

@@ -82,11 +82,12 @@ ExitCode ReadSteps(EditArguments const& arguments, std::vector<Step>& steps) {
     return EXIT_DONE;
 }
 
-bool ReadsStandardInputTwice(EditArguments const& arguments) {
-    auto const scripts = std::count_if(
-        arguments.edits.begin(), arguments.edits.end(),
-        [](TypedEdit const& typed) { return typed.verb == EDIT_SCRIPT && typed.text == "-"; });
-    return scripts + (arguments.file == "-" ? 1 : 0) + (arguments.saved == "-" ? 1 : 0) > 1;
+std::vector<std::string> InputsOf(EditArguments const& arguments) {
+    std::vector<std::string> inputs{arguments.file, arguments.saved};
+    for (TypedEdit const& typed : arguments.edits) {
+        if (typed.verb == EDIT_SCRIPT) inputs.push_back(typed.text);
+    }
+    return inputs;
 }
 
 ExitCode DoAll(std::vector<Step> const& steps, Session& session) {
@@ -101,11 +102,11 @@ ExitCode DoAll(std::vector<Step> const& steps, Session& session) {
 }  // namespace
 
 ExitCode EditFigures(EditArguments const& arguments) {
-    if (arguments.edits.empty() || ReadsStandardInputTwice(arguments)) {
-        PrintMessage(arguments.edits.empty() ? "edit: say what is to be done; see 'edit --help'"
-                                             : "edit: standard input can be read only once");
+    if (arguments.edits.empty()) {
+        PrintMessage("edit: say what is to be done; see 'edit --help'");
         return EXIT_WRONG_USAGE;
     }
+    if (RefuseSharedInput("edit", InputsOf(arguments))) return EXIT_WRONG_USAGE;
     std::vector<Step> steps;
     ExitCode const read = ReadSteps(arguments, steps);
     if (read != EXIT_DONE) return read;

@@ -52,6 +52,9 @@ ExitCode Render(RenderArguments const& arguments) {
     if (!ground && !arguments.background.empty()) {
         return Refuse("unknown colour '" + arguments.background + "'; write none, " + COLOR_FORMS);
     }
+    bool const refused = RefuseSharedInput("render", {arguments.file, arguments.saved}) ||
+                         RefuseOverDesign("render", arguments.file, arguments.output);
+    if (refused) return EXIT_WRONG_USAGE;
     SessionOptions options;
     options.look = {ThemeOf(arguments.theme, ground), ground, !arguments.noFrame};
     options.crossings = CrossingStyle(arguments.crossings);

@@ -20,6 +20,12 @@ void TellLostChanges(CommonArguments const& arguments, std::string const& saved,
                  " saved changes don't fit this design; 'figrep apply' lists them");
 }
 
+bool RefuseSharedInput(std::string const& command, std::vector<std::string> const& files) {
+    if (std::count(files.begin(), files.end(), "-") < 2) return false;
+    PrintMessage(command + ": standard input can be read only once");
+    return true;
+}
+
 ExitCode SaveFigures(Session const& session, std::string const& path, bool quiet) {
     std::string error;
     if (!WriteOutput(path, session.SaveFigures(), error)) {

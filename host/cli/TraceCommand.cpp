@@ -96,6 +96,7 @@ ExitCode Trace(TraceArguments const& arguments) {
         std::optional<TraceIndex> const index = LoadTraces(arguments.representation);
         return index ? PrintTrace(*index, arguments, "") : EXIT_UNREADABLE_INPUT;
     }
+    if (RefuseOverDesign("trace", arguments.file, arguments.save)) return EXIT_WRONG_USAGE;
     std::unique_ptr<Session> const session = OpenSession(arguments);
     if (!session) return EXIT_UNREADABLE_INPUT;
     if (!arguments.save.empty()) {

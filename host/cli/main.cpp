@@ -17,6 +17,14 @@ constexpr char const* EXIT_CODES =
     "Exit codes: 0 done, 1 wrong usage, 2 unexpected, 3 unreadable input, 4 cannot write, "
     "5 findings (with --strict).";
 
+// An unset variable of a shell script must not pass for a command without a saved figure.
+CLI::Validator NamesAFile() {
+    return {[](std::string& path) {
+                return path.empty() ? std::string("the name of a file is missing") : std::string();
+            },
+            ""};
+}
+
 void AddCommon(CLI::App& command, CommonArguments& arguments) {
     command.add_option("FILE", arguments.file, "the design: its root .kicad_sch file")->required();
     command.add_flag("-q,--quiet", arguments.quiet, "print no warnings and no progress");
@@ -64,7 +72,8 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
         .add_option("--isolate", arguments.isolate,
                     "ITEM, NET or PORT: leave out all but this and the frame; may be repeated")
         ->allow_extra_args(false);
-    command.add_option("--saved", arguments.saved, "a saved figure, as 'edit' makes it");
+    command.add_option("--saved", arguments.saved, "a saved figure, as 'edit' makes it")
+        ->check(NamesAFile());
 }
 
 void AddInfo(CLI::App& program, InfoArguments& arguments) {
@@ -158,7 +167,8 @@ void AddEdit(CLI::App& program, EditArguments& arguments) {
     command
         .add_option("--saved", arguments.saved,
                     "the saved figure; made when it isn't there, added to when it is")
-        ->required();
+        ->required()
+        ->check(NamesAFile());
     command.add_option("--sheet", arguments.sheet, "name or path of the one sheet to change");
     command
         .add_option_function<std::string>(
@@ -178,9 +188,13 @@ void AddApply(CLI::App& program, ApplyArguments& arguments) {
     CLI::App& command = *program.add_subcommand(
         "apply", "Apply a saved figure and tell what became of each change");
     AddCommon(command, arguments);
-    command.add_option("--saved", arguments.saved, "the saved figure")->required();
-    command.add_option("-o,--output", arguments.output,
-                       "save the figure again, with the design as it is now");
+    command.add_option("--saved", arguments.saved, "the saved figure")
+        ->required()
+        ->check(NamesAFile());
+    command
+        .add_option("-o,--output", arguments.output,
+                    "save the figure again, with the design as it is now")
+        ->check(NamesAFile());
     command.add_flag("--strict", arguments.strict, "exit with 5 when a change no longer applies");
     command.add_flag("--json", arguments.json, "print one JSON array");
 }
@@ -188,7 +202,9 @@ void AddApply(CLI::App& program, ApplyArguments& arguments) {
 void AddLog(CLI::App& program, LogArguments& arguments) {
     CLI::App& command =
         *program.add_subcommand("log", "Tell the changes of a saved figure in words");
-    command.add_option("FIGURE", arguments.figure, "the saved figure")->required();
+    command.add_option("FIGURE", arguments.figure, "the saved figure")
+        ->required()
+        ->check(NamesAFile());
     command.add_flag("--json", arguments.json, "print one JSON array");
     command.footer(EXIT_CODES);
 }

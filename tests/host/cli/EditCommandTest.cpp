@@ -104,6 +104,21 @@ TEST_F(EditCommandTest, NamesMayHoldTheSignThatPartsThemFromTheirValue) {
     EXPECT_NE(outcome.err.find("'a=b'"), std::string::npos) << outcome.err;
 }
 
+TEST_F(EditCommandTest, FileWithoutANameIsWrongUsage) {
+    for (char const* command : {"edit", "apply", "render"}) {
+        std::vector<std::string> arguments{command, EXAMPLE, "--saved", ""};
+        if (std::string(command) == "edit") arguments.insert(arguments.end(), {"--hide", "R3"});
+        if (std::string(command) == "render") {
+            arguments.insert(arguments.end(), {"--sheet", "/", "-o", "-"});
+        }
+        Outcome const outcome = RunProgram("figrep", arguments);
+        EXPECT_EQ(outcome.code, 1) << command;
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err.find("--saved"), std::string::npos) << outcome.err;
+    }
+    EXPECT_EQ(RunProgram("figrep", {"log", ""}).code, 1);
+}
+
 // Scripts.
 
 TEST_F(EditCommandTest, ScriptFromAFileAndFromStandardInputGiveTheSame) {

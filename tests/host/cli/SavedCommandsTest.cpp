@@ -114,6 +114,43 @@ TEST_F(SavedCommandsTest, SavedAgainNothingIsLost) {
     EXPECT_EQ(Figrep({"apply", EXAMPLE, "--saved", saved, "-o", "-"}).code, 1);
 }
 
+TEST_F(SavedCommandsTest, FilesOfADesignAreNeverWrittenOver) {
+    std::string const design = folder.Path("board.txt");
+    std::string const sheet = folder.Path("power.kicad_sch");
+    WriteFile(design, ReadFile(EXAMPLE));
+    WriteFile(sheet, "as it was");
+    for (std::string const& output : {design, sheet, folder.Path("none.kicad_pro")}) {
+        for (std::vector<std::string> const& options :
+             {std::vector<std::string>{"apply", design, "--saved", saved, "-o", output},
+              {"render", design, "--sheet", "/", "--format", "svg", "-o", output},
+              {"trace", design, "GND", "--save", output}}) {
+            Outcome const outcome = Figrep(options);
+            EXPECT_EQ(outcome.code, 1) << options[0] << " " << output;
+            EXPECT_NE(outcome.err.find(output), std::string::npos) << outcome.err;
+        }
+    }
+    EXPECT_EQ(ReadFile(design), ReadFile(EXAMPLE));
+    EXPECT_EQ(ReadFile(sheet), "as it was");
+    EXPECT_EQ(folder.Files().size(), 3u);
+}
+
+TEST_F(SavedCommandsTest, StandardInputIsReadOnce) {
+    for (std::vector<std::string> const& options :
+         {std::vector<std::string>{"apply", "-", "--saved", "-"},
+          {"render", "-", "--saved", "-", "-o", folder.Path("x.pdf")},
+          {"edit", "-", "--saved", "-", "--hide", "U1"}}) {
+        Outcome const outcome = RunProgram("figrep", options, ReadFile(saved));
+        EXPECT_EQ(outcome.code, 1) << outcome.err;
+        EXPECT_NE(outcome.err.find("read only once"), std::string::npos) << outcome.err;
+    }
+}
+
+TEST_F(SavedCommandsTest, SavedFigureInPlaceOfAnotherKindOfFileIsNamedAsOne) {
+    Outcome const outcome = Figrep({"trace", "--representation", saved, "GND"});
+    EXPECT_EQ(outcome.code, 3);
+    EXPECT_NE(outcome.err.find("it holds 'figrep-figures'"), std::string::npos) << outcome.err;
+}
+
 TEST_F(SavedCommandsTest, UnreadableSavedFigureExitsWithThree) {
     for (char const* command : {"apply", "render"}) {
         std::vector<std::string> arguments = {command, EXAMPLE, "--saved", folder.Path("none")};
