@@ -10,6 +10,7 @@
 #include <figrep/Figure.h>
 #include <figrep/FigureItemDeleteDelta.h>
 #include <figrep/FigureSettingDelta.h>
+#include <figrep/PublishTitleBlockDelta.h>
 #include <persistence/ContentFields.h>
 #include <persistence/SavedFigureNames.h>
 #include <persistence/SavedFigures.h>
@@ -84,6 +85,29 @@ std::string DesignKey(SerializedContentElement const& design) {
            fields.Text(Figure::s_design_id_prefix).GetString();
 }
 
+/// Copies what saved texts of a title block hold besides the texts.
+class ExtrasCopier : public Rewriter {
+public:
+    explicit ExtrasCopier(SerializedContentElement& to) : Rewriter(to) {}
+
+    using Rewriter::Visit;
+    void Visit(Symbol const& key, Symbol const& value) override {
+        if (!(key == Delta::s_delta_type)) Rewriter::Visit(key, value);
+    }
+    void Visit(Symbol const& key, int value) override {
+        if (!(key == Delta::s_delta_action)) Rewriter::Visit(key, value);
+    }
+
+protected:
+    void WriteChild(SerializedContentElement const& child) override {
+        if (!(child.GetName() == Delta::s_delta_text_section)) AddCopy(to_, child);
+    }
+};
+
+bool IsPublication(SerializedContentElement const& component) {
+    return TypeOf(component) == figrep::PublishTitleBlockDelta::GetClassTypeValue();
+}
+
 /// Writes a loaded figure as it is now. What was added since stands behind what was there of its
 /// kind, and what the program doesn't know stays where it was.
 class FigureRewriter : public Rewriter {
@@ -101,8 +125,8 @@ public:
 
     void Write() {
         Rewrite(loaded_);
-        AddNew(newDesigns_);
-        AddNew(newComponents_);
+        AddNewDesigns();
+        AddNewComponents();
     }
 
     using Rewriter::Visit;
@@ -117,10 +141,10 @@ public:
 protected:
     void WriteChild(SerializedContentElement const& child) override {
         bool const isComponent = child.GetName() == Figure::s_figure_component;
-        if (isComponent && !lastDesign_) AddNew(newDesigns_);
+        if (isComponent && !lastDesign_) AddNewDesigns();
         if (!isComponent || kept_.count(&child) != 0) AddCopy(to_, child);
-        if (&child == lastDesign_) AddNew(newDesigns_);
-        if (&child == lastComponent_) AddNew(newComponents_);
+        if (&child == lastDesign_) AddNewDesigns();
+        if (&child == lastComponent_) AddNewComponents();
     }
 
 private:
@@ -150,9 +174,23 @@ private:
         }
     }
 
-    void AddNew(Elements& elements) {
-        AddCopies(to_, elements);
-        elements.clear();
+    void AddNewDesigns() {
+        AddCopies(to_, newDesigns_);
+        newDesigns_.clear();
+    }
+
+    // The texts of the title block are the figure's own; what else stood beside them is not.
+    void AddNewComponents() {
+        bool const textsAnew =
+            lastComponent_ && kept_.count(lastComponent_) == 0 && IsPublication(*lastComponent_);
+        for (Element const component : newComponents_) {
+            auto* const copy = to_.StartContent(component->GetName());
+            CopyContent(*component, *copy);
+            bool const isTexts = component == newComponents_.back() && IsPublication(*component);
+            if (isTexts && textsAnew) ExtrasCopier(*copy).Rewrite(*lastComponent_);
+            to_.EndContent();
+        }
+        newComponents_.clear();
     }
 
     SerializedContentElement const& loaded_;

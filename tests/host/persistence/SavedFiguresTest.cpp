@@ -251,6 +251,24 @@ TEST_F(SavedTitleBlockTest, TextsComeBackAndSavingTwiceGivesTheSameFile) {
     EXPECT_EQ(loaded.SaveAgain(), bytes);
 }
 
+TEST_F(SavedTitleBlockTest, WhatStandsBesideTheTextsIsKeptWithThem) {
+    constexpr std::size_t IN_COMPONENTS = 3;
+    auto const count = [](std::string const& text) {
+        std::size_t found = 0;
+        for (auto at = text.find("key=\"unknown"); at != std::string::npos;
+             at = text.find("key=\"unknown", at + 1))
+            ++found;
+        return found;
+    };
+    std::string const bytes = WithUnknownParts(Save(WithTexts({"a", "b"})), IN_COMPONENTS);
+    Loaded const loaded(bytes, WithTexts({"new", "new"}));
+    EXPECT_TRUE(loaded.AllApplied());
+    std::string const again = loaded.SaveAgain();
+    EXPECT_EQ(count(again), count(bytes));
+    EXPECT_EQ(Read(again).figures[0].components.size(), 1u);
+    EXPECT_EQ(Loaded(again, WithTexts({"new", "new"})).SaveAgain(), again);
+}
+
 TEST_F(SavedTitleBlockTest, TextsOfAnotherTitleBlockAreKept) {
     std::string const bytes = Save(WithTexts({"a", "b"}));
     Loaded const loaded(bytes, WithTexts({"new"}));
