@@ -14,8 +14,9 @@ namespace fighost::kicad {
 
 /// Versions of the file format where its meaning changed.
 inline constexpr int VERSION_6 = 20211123;
-inline constexpr int VERSION_POWER_BY_VALUE = 20230221;  ///< before: hidden pin names the net
-inline constexpr int VERSION_7 = 20220124;               ///< the first after version 6
+inline constexpr int VERSION_POWER_BY_VALUE = 20230221;    ///< before: hidden pin names the net
+inline constexpr int VERSION_IMAGE_RESOLUTION = 20230221;  ///< before: an image's own doesn't count
+inline constexpr int VERSION_7 = 20220124;                 ///< the first after version 6
 inline constexpr int VERSION_8 = 20231120;
 inline constexpr int VERSION_9 = 20250114;
 

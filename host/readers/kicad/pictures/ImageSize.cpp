@@ -26,13 +26,19 @@ std::uint32_t Little32(std::string_view bytes, std::size_t at) {
     return Little16(bytes, at + 2) << 16 | Little16(bytes, at);
 }
 
-std::optional<ImageSize> Make(char const* type, double columns, double rows, double dpi) {
+struct ImageDots {
+    char const* type;
+    double columns;
+    double rows;
+    double dpi;
+};
+
+std::optional<ImageDots> Make(char const* type, double columns, double rows, double dpi) {
     if (columns < 1 || rows < 1 || columns > MOST_PIXELS || rows > MOST_PIXELS) return std::nullopt;
-    if (!(dpi >= 1 && dpi <= 100'000)) dpi = DEFAULT_DPI;
-    return ImageSize{type, columns / dpi * MM_PER_INCH, rows / dpi * MM_PER_INCH};
+    return ImageDots{type, columns, rows, dpi >= 1 && dpi <= 100'000 ? dpi : DEFAULT_DPI};
 }
 
-std::optional<ImageSize> ReadPng(std::string_view bytes) {
+std::optional<ImageDots> ReadPng(std::string_view bytes) {
     double dpi = DEFAULT_DPI;
     std::size_t at = 8;
     while (at + 12 <= bytes.size()) {
@@ -47,7 +53,7 @@ std::optional<ImageSize> ReadPng(std::string_view bytes) {
     return Make("image/png", Big32(bytes, 16), Big32(bytes, 20), dpi);
 }
 
-std::optional<ImageSize> ReadJpeg(std::string_view bytes) {
+std::optional<ImageDots> ReadJpeg(std::string_view bytes) {
     double dpi = DEFAULT_DPI;
     std::size_t at = 2;
     while (at + 9 < bytes.size() && Byte(bytes, at) == 0xFF) {
@@ -65,15 +71,13 @@ std::optional<ImageSize> ReadJpeg(std::string_view bytes) {
     return std::nullopt;
 }
 
-std::optional<ImageSize> ReadBmp(std::string_view bytes) {
+std::optional<ImageDots> ReadBmp(std::string_view bytes) {
     auto const rows = static_cast<std::int32_t>(Little32(bytes, 22));
     double const dpi = Little32(bytes, 38) * MM_PER_INCH / 1000;
     return Make("image/bmp", Little32(bytes, 18), rows < 0 ? -double(rows) : double(rows), dpi);
 }
 
-}  // namespace
-
-std::optional<ImageSize> ReadImageSize(std::string_view bytes) {
+std::optional<ImageDots> ReadDots(std::string_view bytes) {
     if (bytes.substr(0, 8) == "\x89PNG\r\n\x1a\n") return ReadPng(bytes);
     if (bytes.substr(0, 2) == "\xFF\xD8") return ReadJpeg(bytes);
     if (bytes.substr(0, 4) == "GIF8") {
@@ -81,6 +85,16 @@ std::optional<ImageSize> ReadImageSize(std::string_view bytes) {
     }
     if (bytes.substr(0, 2) == "BM" && bytes.size() > 54) return ReadBmp(bytes);
     return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<ImageSize> ReadImageSize(std::string_view bytes, ImageResolution resolution) {
+    std::optional<ImageDots> const dots = ReadDots(bytes);
+    if (!dots) return std::nullopt;
+    double const dpi = resolution == ImageResolution::DEFAULT ? DEFAULT_DPI : dots->dpi;
+    double const mmPerDot = MM_PER_INCH / dpi;
+    return ImageSize{dots->type, dots->columns * mmPerDot, dots->rows * mmPerDot};
 }
 
 }  // namespace fighost::kicad

@@ -9,11 +9,15 @@ namespace fighost::kicad {
 
 struct ImageSize {
     std::string mimeType;
-    double width = 0;  ///< mm, by the file's own resolution or 300 dots per inch
+    double width = 0;  ///< mm
     double height = 0;
 };
 
-/// Reads the header of PNG, JPEG, GIF and BMP files; nothing for other bytes.
-std::optional<ImageSize> ReadImageSize(std::string_view bytes);
+enum class ImageResolution { OWN_OR_DEFAULT, DEFAULT };
+
+/// Reads the header of PNG, JPEG, GIF and BMP files; nothing for other bytes. The default
+/// resolution is 300 dots per inch.
+std::optional<ImageSize> ReadImageSize(
+    std::string_view bytes, ImageResolution resolution = ImageResolution::OWN_OR_DEFAULT);
 
 }  // namespace fighost::kicad

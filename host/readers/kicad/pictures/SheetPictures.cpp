@@ -10,7 +10,6 @@
 #include <zv2d/Picture.h>
 
 #include "DrawingSheetPictures.h"
-#include "ImageSize.h"
 
 namespace fighost::kicad {
 
@@ -128,8 +127,9 @@ void SheetPictures::DrawTable(Table const& table, figkernel::GroupSource& group)
 }
 
 EntityPtr MakeImage(std::shared_ptr<std::string const> const& bytes, double scale,
-                    dg::DPoint2D const& at, std::string const& file, Findings& findings) {
-    auto const size = ReadImageSize(*bytes);
+                    dg::DPoint2D const& at, std::string const& file, Findings& findings,
+                    ImageResolution resolution) {
+    auto const size = ReadImageSize(*bytes, resolution);
     if (!size) {
         findings.Warn("unknown-image", {file, 0, 0},
                       "An image of a kind that can't be shown is drawn as a frame");
@@ -143,8 +143,10 @@ EntityPtr MakeImage(std::shared_ptr<std::string const> const& bytes, double scal
 }
 
 void SheetPictures::DrawImage(Image const& image, figkernel::GroupSource& group) {
-    EntityPtr const picture = MakeImage(std::make_shared<std::string const>(image.bytes),
-                                        image.scale, frame(image.at), file.path, findings);
+    bool const isOld = file.version < VERSION_IMAGE_RESOLUTION;
+    EntityPtr const picture = MakeImage(
+        std::make_shared<std::string const>(image.bytes), image.scale, frame(image.at), file.path,
+        findings, isOld ? ImageResolution::DEFAULT : ImageResolution::OWN_OR_DEFAULT);
     group.graphics.push_back(Graphic(image.uuid, "image", {picture}, looks.Colored(Role::NOTE)));
 }
 

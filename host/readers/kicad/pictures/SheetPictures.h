@@ -7,6 +7,7 @@
 
 #include <figkernel/DesignSource.h>
 #include <readers/kicad/design/Hierarchy.h>
+#include <readers/kicad/pictures/ImageSize.h>
 #include <readers/kicad/pictures/Looks.h>
 #include <readers/kicad/pictures/Shapes.h>
 
@@ -15,7 +16,8 @@ namespace fighost::kicad {
 /// A picture about its centre; a frame, with a warning, where its size can't be told. A scale of 1
 /// shows it in its own size.
 EntityPtr MakeImage(std::shared_ptr<std::string const> const& bytes, double scale,
-                    dg::DPoint2D const& at, std::string const& file, Findings& findings);
+                    dg::DPoint2D const& at, std::string const& file, Findings& findings,
+                    ImageResolution resolution = ImageResolution::OWN_OR_DEFAULT);
 
 /// Draws one sheet of the hierarchy.
 class SheetPictures {

@@ -391,6 +391,22 @@ TEST(Drawings, ImagesKnowTheirKindAndSize) {
     EXPECT_EQ(picture.GetBytes()->substr(1, 3), "PNG");
 }
 
+// A PNG header of 300 by 150 dots with a resolution of 150 dots per inch.
+constexpr char const* COARSE_IMAGE =
+    "(image (at 50 50) (data \"iVBORw0KGgoAAAANSUhEUgAAASwAAACWCAIAAADrOSKF\" "
+    "\"AAAACXBIWXMAABcSAAAXEgFnn9JS\"))";
+
+double WidthOfCoarseImage(int version) {
+    auto const result = Read(File(COARSE_IMAGE, version));
+    return OnlySheet(result).labels.graphics.at(0).instances[0]->GetExtents().Size().x;
+}
+
+TEST(Drawings, ImagesOfOldFilesHave300DotsPerInchWhateverTheySay) {
+    EXPECT_NEAR(WidthOfCoarseImage(20211123), 25.4, 1e-3);
+    EXPECT_NEAR(WidthOfCoarseImage(20230121), 25.4, 1e-3);
+    EXPECT_NEAR(WidthOfCoarseImage(20231120), 50.8, 1e-2);
+}
+
 TEST(Drawings, AnUnknownImageIsAFrameAndAWarning) {
     auto const result = Read(File("(image (at 50 50) (data \"AAAA\"))"));
     EXPECT_EQ(Warnings(result, "unknown-image"), 1u);
