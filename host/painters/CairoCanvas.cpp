@@ -26,12 +26,12 @@ bool SamePaint(Paint const& a, Paint const& b) {
            (a.stroke.width <= 0 || SameColor(a.stroke.color, b.stroke.color));
 }
 
-// Filled shapes with an outline of their own hide what lies below them, so they keep their place;
-// everything else of one style may be painted in one go.
-bool IsBody(Paint const& paint) {
-    return paint.fill.filled &&
-           (paint.stroke.width > 0 ? !SameColor(paint.fill.color, paint.stroke.color)
-                                   : paint.fill.color.a < 1);
+// What hides things that lie below keeps its place; ink of one style may be painted in one go.
+bool KeepsItsPlace(Paint const& paint) {
+    if (!paint.fill.filled) return false;
+    bool const isInk = paint.stroke.width > 0 ? SameColor(paint.fill.color, paint.stroke.color)
+                                              : paint.fill.color.a >= 1;
+    return paint.fill.isArea || !isInk;
 }
 
 struct PngReader {
@@ -59,6 +59,15 @@ bool IsInvertible(cairo_matrix_t matrix) {
     return cairo_matrix_invert(&matrix) == CAIRO_STATUS_SUCCESS;
 }
 
+// Letters of an image would each be as wide as whole pixels, and small texts by a third too long or
+// too short.
+void KeepExactAdvances(cairo_t* cairo) {
+    cairo_font_options_t* const options = cairo_font_options_create();
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+    cairo_set_font_options(cairo, options);
+    cairo_font_options_destroy(options);
+}
+
 // Names stand between single quotes in a tag's attributes.
 std::string TagName(std::string_view name) {
     std::string result;
@@ -72,12 +81,13 @@ std::string TagName(std::string_view name) {
 }  // namespace
 
 CairoCanvas::CairoCanvas(cairo_surface_t* surface, PaintedSheet const& sheet,
-                         double unitsPerMillimetre)
-    : cairo_(cairo_create(surface)) {
+                         double unitsPerMillimetre, double narrowestLine)
+    : cairo_(cairo_create(surface)), narrowestLine_(narrowestLine) {
     cairo_scale(cairo_, unitsPerMillimetre, -unitsPerMillimetre);
     if (!sheet.box.IsEmpty()) cairo_translate(cairo_, -sheet.box[0], -sheet.box[3]);
     cairo_set_line_cap(cairo_, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_ROUND);
+    KeepExactAdvances(cairo_);
     if (sheet.paintBackground) {
         SetColor(sheet.background);
         cairo_paint(cairo_);
@@ -108,6 +118,11 @@ std::string CairoCanvas::LinkTo(std::string const& anchor) {
 
 void CairoCanvas::SetColor(dg::Color const& color) {
     cairo_set_source_rgba(cairo_, color.r, color.g, color.b, color.a);
+}
+
+void CairoCanvas::SetLine(double width, std::vector<double> const& dashes) {
+    cairo_set_line_width(cairo_, std::max(width, narrowestLine_));
+    cairo_set_dash(cairo_, dashes.data(), static_cast<int>(dashes.size()), 0);
 }
 
 void CairoCanvas::BeginItem(PaintedItem const& item) {
@@ -142,9 +157,10 @@ void CairoCanvas::Arc(dg::DPoint2D const& centre, double radius, double start, d
 
 void CairoCanvas::Add(Outline outline, Paint const& paint) {
     if (!paint.fill.filled && !(paint.stroke.width > 0)) return;
-    if (IsBody(paint)) {
-        Trace(outline);
-        FillAndStroke(paint);
+    if (KeepsItsPlace(paint)) {
+        Batch batch{paint, {}};
+        batch.outlines.push_back(std::move(outline));
+        PaintBatch(batch);
         return;
     }
     auto const same = std::find_if(batches_.begin(), batches_.end(), [&](Batch const& batch) {
@@ -170,19 +186,29 @@ void CairoCanvas::Trace(Outline const& outline) {
     if (outline.closed) cairo_close_path(cairo_);
 }
 
-void CairoCanvas::FillAndStroke(Paint const& paint) {
-    if (paint.fill.filled) {
-        SetColor(paint.fill.color);
-        cairo_fill_preserve(cairo_);
+void CairoCanvas::PaintBatch(Batch const& batch) {
+    if (batch.paint.fill.filled) FillOutlines(batch);
+    if (!(batch.paint.stroke.width > 0)) return;
+    SetColor(batch.paint.stroke.color);
+    SetLine(batch.paint.stroke.width, batch.paint.stroke.dashes);
+    for (Outline const& outline : batch.outlines)
+        Trace(outline);
+    cairo_stroke(cairo_);
+}
+
+// Outlines that run in opposite directions cut holes into one another where they are filled
+// together. All circles run in the same direction.
+void CairoCanvas::FillOutlines(Batch const& batch) {
+    SetColor(batch.paint.fill.color);
+    for (Outline const& outline : batch.outlines) {
+        if (outline.points.empty()) Trace(outline);
     }
-    if (paint.stroke.width > 0) {
-        SetColor(paint.stroke.color);
-        cairo_set_line_width(cairo_, paint.stroke.width);
-        cairo_set_dash(cairo_, paint.stroke.dashes.data(),
-                       static_cast<int>(paint.stroke.dashes.size()), 0);
-        cairo_stroke_preserve(cairo_);
+    cairo_fill(cairo_);
+    for (Outline const& outline : batch.outlines) {
+        if (outline.points.empty()) continue;
+        Trace(outline);
+        cairo_fill(cairo_);
     }
-    cairo_new_path(cairo_);
 }
 
 void CairoCanvas::Picture(PaintedPicture const& picture) {
@@ -206,11 +232,8 @@ void CairoCanvas::Picture(PaintedPicture const& picture) {
 }
 
 void CairoCanvas::Finish() {
-    for (Batch const& batch : batches_) {
-        for (Outline const& outline : batch.outlines)
-            Trace(outline);
-        FillAndStroke(batch.paint);
-    }
+    for (Batch const& batch : batches_)
+        PaintBatch(batch);
     for (LinkedText const& linked : texts_) {
         PaintText(linked.text);
         LinkText(linked);
@@ -233,8 +256,7 @@ void CairoCanvas::PaintText(PaintedText const& text) {
     for (TextRun const& run : text.layout.runs)
         PaintRun(run);
     for (Overbar const& bar : text.layout.overbars) {
-        cairo_set_line_width(cairo_, bar.thickness);
-        cairo_set_dash(cairo_, nullptr, 0, 0);
+        SetLine(bar.thickness, {});
         cairo_move_to(cairo_, bar.x1, bar.y);
         cairo_line_to(cairo_, bar.x2, bar.y);
         cairo_stroke(cairo_);

@@ -13,8 +13,10 @@ namespace fighost {
 /// Draws shapes of one sheet. Owns the context, not the surface.
 class CairoCanvas {
 public:
-    /// `unitsPerMillimetre` of the surface; the sheet's box fills it.
-    CairoCanvas(cairo_surface_t* surface, PaintedSheet const& sheet, double unitsPerMillimetre);
+    /// `unitsPerMillimetre` of the surface; the sheet's box fills it. Lines narrower than
+    /// `narrowestLine`, in mm, are drawn in that width.
+    CairoCanvas(cairo_surface_t* surface, PaintedSheet const& sheet, double unitsPerMillimetre,
+                double narrowestLine);
     CairoCanvas(CairoCanvas const&) = delete;
     CairoCanvas& operator=(CairoCanvas const&) = delete;
     ~CairoCanvas();
@@ -53,13 +55,16 @@ private:
     void MarkPage(std::string const& anchor);
     void Add(Outline outline, Paint const& paint);
     void Trace(Outline const& outline);
-    void FillAndStroke(Paint const& paint);
+    void PaintBatch(Batch const& batch);
+    void FillOutlines(Batch const& batch);
     void PaintText(PaintedText const& text);
     void PaintRun(TextRun const& run);
     void LinkText(LinkedText const& linked);
     void SetColor(dg::Color const& color);
+    void SetLine(double width, std::vector<double> const& dashes);
 
     cairo_t* cairo_;
+    double narrowestLine_;
     std::vector<Batch> batches_;
     std::vector<LinkedText> texts_;
     std::string link_;

@@ -15,6 +15,7 @@ namespace {
 constexpr double MILLIMETRES_PER_INCH = 25.4;
 constexpr double POINTS_PER_MILLIMETRE = 72 / MILLIMETRES_PER_INCH;
 constexpr double LARGEST_SIDE = 30000;  // Cairo's images end at 32767 pixels
+constexpr double NARROWEST_LINE = 0.6;  // in pixels: narrower ones fade away
 // Documents must not tell when they were made: the same sheets give the same bytes.
 constexpr char const* FIXED_DATE = "2000-01-01T00:00:00Z";
 
@@ -75,7 +76,7 @@ void PngPainter::BeginSheet(PaintedSheet const& sheet) {
     };
     cairo_surface_t* surface =
         cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels(width), pixels(height));
-    canvas_ = std::make_unique<CairoCanvas>(surface, sheet, scale);
+    canvas_ = std::make_unique<CairoCanvas>(surface, sheet, scale, NARROWEST_LINE / scale);
     cairo_surface_destroy(surface);  // the canvas's context holds it
 }
 
@@ -113,7 +114,7 @@ void PdfPainter::BeginSheet(PaintedSheet const& sheet) {
     double const width = Side(sheet.box.Size().x) * POINTS_PER_MILLIMETRE;
     double const height = Side(sheet.box.Size().y) * POINTS_PER_MILLIMETRE;
     cairo_pdf_surface_set_size(document_->surface, width, height);
-    canvas_ = std::make_unique<CairoCanvas>(document_->surface, sheet, POINTS_PER_MILLIMETRE);
+    canvas_ = std::make_unique<CairoCanvas>(document_->surface, sheet, POINTS_PER_MILLIMETRE, 0);
     if (sheet.anchor.empty()) return;
     auto& above = document_->outline;
     above.resize(std::min<std::size_t>(above.size(), sheet.depth));

@@ -130,7 +130,7 @@ fighost::Fill EntityPainter::FillOf(zv2d::Attributes const* own) const {
         fill = instanceAttributes_->GetFillAttr().Get();
     if (!fill || fill->GetKind() == attrs::FillAttr::NONE) return {};
     dg::Color const color = FillColor(*fill, *look_);
-    return {color.a > 0, color};
+    return {color.a > 0, color, fill->GetKind() != attrs::FillAttr::OUTLINE};
 }
 
 fighost::Paint EntityPainter::PaintOf(zv2d::Entity const& entity) const {

@@ -25,6 +25,8 @@ struct Stroke {
 struct Fill {
     bool filled = false;
     dg::Color color;
+    /// An area on which other things stand, such as the body of a symbol; else ink, as lines are.
+    bool isArea = false;
 };
 
 struct Paint {

@@ -220,7 +220,9 @@ TEST_F(PaintFigureTest, OnlyEntitiesWithAFillAreFilled) {
     EXPECT_FALSE(lines.at(0).paint.fill.filled);
     EXPECT_FALSE(lines.at(1).paint.fill.filled);
     EXPECT_EQ(lines.at(2).paint.fill.color, dg::Color(1, 1, 0.5F));
+    EXPECT_TRUE(lines.at(2).paint.fill.isArea);
     EXPECT_EQ(lines.at(3).paint.fill.color, lines.at(3).paint.stroke.color);
+    EXPECT_FALSE(lines.at(3).paint.fill.isArea);
 }
 
 du::ConstSmartPtr<zv2d::Attributes> FilledWith(int kind, dg::Color const& color) {
