@@ -25,6 +25,18 @@ CLI::Validator NamesAFile() {
             ""};
 }
 
+// The library's own check of a range lets through what isn't a number.
+CLI::Validator NumberBetween(double least, double most) {
+    std::string const range = CLI::Range(least, most).get_description();
+    auto const complaint = [least, most, range](std::string const& text) {
+        double number = 0;
+        bool const isInside =
+            CLI::detail::lexical_cast(text, number) && number >= least && number <= most;
+        return isInside ? std::string() : "Value " + text + " is no " + range;
+    };
+    return CLI::Validator(complaint, range);
+}
+
 void AddCommon(CLI::App& command, CommonArguments& arguments) {
     command.add_option("FILE", arguments.file, "the design: its root .kicad_sch file")->required();
     command.add_flag("-q,--quiet", arguments.quiet, "print no warnings and no progress");
@@ -43,7 +55,7 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
                     "svg, png or pdf, whatever the extension of the output")
         ->check(CLI::IsMember({"svg", "png", "pdf"}));
     command.add_option("--dpi", arguments.dpi, "dots per inch of a PNG")
-        ->check(CLI::Range(1.0, 10000.0))
+        ->check(NumberBetween(1, 10000))
         ->capture_default_str();
     command.add_option("--size", arguments.size, "width of a PNG in pixels, in place of --dpi")
         ->check(CLI::Range(1U, 30000U));
@@ -220,7 +232,7 @@ void AddPick(CLI::App& program, PickArguments& arguments) {
     command.add_option("--sheet", arguments.sheet, "name or path of the sheet")
         ->capture_default_str();
     command.add_option("--tolerance", arguments.tolerance, "how near a point counts, in mm")
-        ->check(CLI::Range(0.0, 1000.0))
+        ->check(NumberBetween(0, 1000))
         ->capture_default_str();
     command.add_flag("--touching", arguments.touching, "also what lies in the window partly");
     command.add_flag("--json", arguments.json, "print one JSON array");

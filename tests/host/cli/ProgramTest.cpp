@@ -287,6 +287,16 @@ TEST(Program, SizeOfAnImageIsByDotsPerInchOrByPixels) {
     EXPECT_GT(coarse, 100u);
 }
 
+TEST(Program, ResolutionsThatAreNoUsableNumberAreRefused) {
+    for (std::string const number : {"nan", "inf", "0", "-1", "1e9", "many", ""}) {
+        Outcome const outcome = Figrep(
+            {"render", EXAMPLE, "--sheet", "/", "-o", "-", "--format", "png", "--dpi", number});
+        EXPECT_EQ(outcome.code, 1) << number;
+        EXPECT_EQ(outcome.out, "") << number;
+        EXPECT_NE(outcome.err.find("--dpi"), std::string::npos) << outcome.err;
+    }
+}
+
 TEST(Program, DocumentHasAPageForEachSheetAndLinksBetweenThem) {
     Outcome const outcome = Figrep({"render", EXAMPLE, "-o", "-", "--format", "pdf"});
     ASSERT_EQ(outcome.code, 0) << outcome.err;
