@@ -1,8 +1,8 @@
 #include <cli/RenderHighlights.h>
 
-#include <session/look/ParseColor.h>
+#include <cli/Color.h>
+#include <cli/UnknownNet.h>
 #include <session/nets/NetHighlight.h>
-#include <session/query/NearNames.h>
 #include <algorithm>
 #include <cstddef>
 
@@ -12,15 +12,6 @@ namespace {
 
 bool IsIn(std::vector<std::string> const& names, std::string const& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-std::string UnknownNet(std::vector<std::string> const& names, std::string const& wanted) {
-    std::string message = "no net is called '" + wanted + "'";
-    std::vector<std::string> const near = NearNames(names, wanted);
-    if (near.empty()) return message + "; 'figrep list nets' names them all";
-    for (std::string const& name : near)
-        message += (&name == &near.front() ? "; did you mean '" : " or '") + name + "'";
-    return message + "?";
 }
 
 }  // namespace
@@ -40,7 +31,7 @@ std::optional<std::string> Highlight(Session const& session, std::vector<std::st
             color = ParseColor(text);
             if (!color) return "unknown colour '" + text + "'; write " + COLOR_FORMS;
         }
-        if (!IsIn(names, net)) return UnknownNet(names, net);
+        if (!IsIn(names, net)) return UnknownNetOfDesign(names, net);
         HighlightNet(session, net, color ? *color : HighlightOf(theme, number++));
     }
     return std::nullopt;

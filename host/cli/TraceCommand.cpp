@@ -1,6 +1,8 @@
 #include <cli/Commands.h>
 #include <cli/Json.h>
 #include <cli/Output.h>
+#include <cli/UnknownNet.h>
+#include <session/nets/NetHighlight.h>
 #include <session/nets/Trace.h>
 #include <session/nets/TraceIndex.h>
 
@@ -79,23 +81,30 @@ ExitCode SaveTraces(TraceIndex const& index, std::string const& path) {
     return EXIT_CANNOT_WRITE;
 }
 
-ExitCode PrintTrace(TraceIndex const& index, TraceArguments const& arguments,
-                    std::string const& lister) {
-    std::optional<NetTrace> const trace = TraceNet(index, arguments.net);
-    if (!trace) {
-        PrintMessage("trace: no net is called '" + arguments.net + "'" + lister);
-        return EXIT_WRONG_USAGE;
-    }
-    return PrintData(arguments.json ? JsonText(TraceJson(*trace)) : TraceText(*trace));
+ExitCode PrintTrace(NetTrace const& trace, bool json) {
+    return PrintData(json ? JsonText(TraceJson(trace)) : TraceText(trace));
+}
+
+ExitCode Refuse(std::string const& problem) {
+    PrintMessage("trace: " + problem);
+    return EXIT_WRONG_USAGE;
+}
+
+ExitCode TraceSaved(TraceArguments const& arguments) {
+    std::optional<TraceIndex> const index = LoadTraces(arguments.representation);
+    if (!index) return EXIT_UNREADABLE_INPUT;
+    std::optional<NetTrace> const trace = TraceNet(*index, arguments.net);
+    if (trace) return PrintTrace(*trace, arguments.json);
+    std::vector<std::string> names;
+    for (auto const& [name, stops] : index->nets)
+        names.push_back(name);
+    return Refuse(UnknownNet(names, arguments.net));
 }
 
 }  // namespace
 
 ExitCode Trace(TraceArguments const& arguments) {
-    if (!arguments.representation.empty()) {
-        std::optional<TraceIndex> const index = LoadTraces(arguments.representation);
-        return index ? PrintTrace(*index, arguments, "") : EXIT_UNREADABLE_INPUT;
-    }
+    if (!arguments.representation.empty()) return TraceSaved(arguments);
     if (RefuseOverDesign("trace", arguments.file, arguments.save)) return EXIT_WRONG_USAGE;
     std::unique_ptr<Session> const session = OpenSession(arguments);
     if (!session) return EXIT_UNREADABLE_INPUT;
@@ -103,8 +112,9 @@ ExitCode Trace(TraceArguments const& arguments) {
         ExitCode const saved = SaveTraces(IndexNets(*session), arguments.save);
         if (saved != EXIT_DONE || arguments.net.empty()) return saved;
     }
-    return PrintTrace(IndexNet(*session, arguments.net), arguments,
-                      "; 'figrep list nets' names them all");
+    std::optional<NetTrace> const trace = TraceNet(*session, arguments.net);
+    return trace ? PrintTrace(*trace, arguments.json)
+                 : Refuse(UnknownNetOfDesign(NetNames(*session), arguments.net));
 }
 
 }  // namespace fighost

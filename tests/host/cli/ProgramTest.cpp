@@ -408,6 +408,26 @@ TEST(Program, TraceAnswersTheSameFromWhatItSaved) {
     EXPECT_EQ(Figrep({"trace", EXAMPLE, "--save", folder.Path("no/folder")}).code, 4);
 }
 
+TEST(Program, TraceOfAnUnknownNetNamesNetsLikeIt) {
+    TemporaryFolder folder;
+    std::string const saved = folder.Path("ways.xml");
+    ASSERT_EQ(Figrep({"trace", EXAMPLE, "--save", saved}).code, 0);
+    for (std::vector<std::string> const& from :
+         {std::vector<std::string>{"trace", EXAMPLE}, {"trace", "--representation", saved}}) {
+        auto const messageFor = [&](std::string const& net) {
+            std::vector<std::string> arguments = from;
+            arguments.push_back(net);
+            Outcome const outcome = Figrep(arguments);
+            EXPECT_EQ(outcome.code, 1);
+            EXPECT_EQ(outcome.out, "");
+            return outcome.err;
+        };
+        EXPECT_NE(messageFor("sda").find("did you mean '/SDA'"), std::string::npos) << from[1];
+        std::string const unlike = messageFor("nothing at all like it");
+        EXPECT_EQ(unlike.find("did you mean"), std::string::npos) << unlike;
+    }
+}
+
 TEST(EmbeddingExample, PaintsItsTwoParts) {
     Outcome const outcome = RunProgram("embedding", {});
     ASSERT_EQ(outcome.code, 0) << outcome.err;
