@@ -100,14 +100,16 @@ public:
 
 class FakeInterpreter : public TokenInterpreter {
 public:
-    bool Interpret(SmartPtr<Figure> const&, std::string const& token,
+    bool Interpret(SmartPtr<Figure> const& of, std::string const& token,
                    std::string& result) override {
+        figure = of;
         asked.push_back(token);
         if (token == "unknown") return false;
         result = "<" + token + ">";
         return true;
     }
 
+    SmartPtr<Figure> figure;
     std::vector<std::string> asked;
 };
 
@@ -328,6 +330,21 @@ TEST_F(TitleBlockTest, TokensAreInterpretedOnceUntilMarkedOutOfDate) {
     EXPECT_EQ(interpreter->asked.size(), 4U);
 }
 
+TEST_F(TitleBlockTest, TheInterpreterIsToldWhichFigureTheTokensAreOf) {
+    Texts();
+    EXPECT_EQ(interpreter->figure, drawing.figure);
+    interpreter->figure.Reset();
+}
+
+TEST_F(TitleBlockTest, ANewSectionThatIsUpToDateIsNotInterpreted) {
+    SmartPtr<TitleBlockTextSection> const section(new TitleBlockTextSection(1, {}));
+    section->SetText({Token(1, "date", "today")}, false);
+    block->SetTextSections({section});
+    EXPECT_EQ(Texts(), Strings{"today"});
+    block->SetOffsetX(2);
+    EXPECT_EQ(Texts(), Strings{"<date>"}) << "until the layout is thrown away";
+}
+
 TEST_F(TitleBlockTest, OnlyTokensOfTheTokenTypesAreSentToTheInterpreter) {
     Texts();
     EXPECT_EQ(interpreter->asked, (Strings{"date", "unknown"}));
@@ -345,9 +362,14 @@ TEST_F(TitleBlockTest, InTheAuthoringApplicationTokensStayRawOutsideOfBatchPubli
     zvk::depiction::SetRunningDepict(true);
     SmartPtr<zvkapp::depiction::OrbitApp> const app(new zvkapp::depiction::OrbitApp);
     zvkapp::depiction::OrbitApp::SetOrbitApp(app);
-    EXPECT_EQ(Texts(), RAW);
-    block->GetTextSections().at(0)->SetTextTokensOutOfDate();
+    for (int const mode : {0, 1, 3, 5}) {
+        app->SetPublishBatchMode(mode);
+        block->GetTextSections().at(0)->SetTextTokensOutOfDate();
+        EXPECT_EQ(Texts(), RAW) << mode;
+    }
     app->SetPublishBatchMode(4);
+    EXPECT_EQ(Texts(), RAW) << "raw tokens count as interpreted";
+    block->GetTextSections().at(0)->SetTextTokensOutOfDate();
     EXPECT_EQ(Texts(), FILLED);
 }
 
