@@ -10,6 +10,7 @@
 #include <session/edits/Edits.h>
 #include <session/query/Inventory.h>
 #include <support/Corpus.h>
+#include <support/LiveObjects.h>
 #include <support/Random.h>
 
 namespace fighost {
@@ -171,6 +172,26 @@ TEST(CorpusEdits, AllUndoneThePicturesAreThoseOfTheUntouchedFigures) {
         while (undone-- > 0)
             ASSERT_TRUE(opened.session->GetHistory().Redo());
         ExpectAlikeWithinRounding(Pictures(*opened.session), edited);
+        ++tested;
+    }
+}
+
+TEST(CorpusEdits, NothingIsLeftAliveWhenTheDesignIsClosed) {
+    SKIP_WITHOUT_CORPUS();
+    std::uint64_t seed = 200;
+    std::size_t tested = 0;
+    for (std::string const& root : corpus::RootSheets()) {
+        if (tested == 4) break;
+        if (std::filesystem::file_size(root) > LARGEST) continue;
+        ++seed;
+        auto const left = figrep::test::ObjectsLeftBy([&] {
+            auto const opened = Session::Open(root);
+            ASSERT_TRUE(opened.session);
+            EditAtRandom(*opened.session, seed);
+            for (int i = 0; i < 5; ++i)
+                opened.session->GetHistory().Undo();
+        });
+        EXPECT_EQ(left, 0) << root;
         ++tested;
     }
 }
