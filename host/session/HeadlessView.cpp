@@ -71,6 +71,7 @@ void HeadlessView::HideContentShadow() {
 }
 
 bool HeadlessView::Press(dg::DPoint2D const& at) {
+    Abandon();
     dg::DPoint2D const pixel = view_->ToWindow(at);
     view_->PointerMove(pixel);
     return view_->PointerDown(pixel);
@@ -84,8 +85,11 @@ void HeadlessView::Release(dg::DPoint2D const& at) {
     view_->PointerUp(view_->ToWindow(at));
 }
 
+// Whoever drags next would drag a box that shows what never happened.
 void HeadlessView::Abandon() {
+    bool const leavesBox = view_->IsDragging() && shadow_;
     view_->AbandonDrag();
+    if (leavesBox) shadow_->FigureExtentsChanged();
 }
 
 bool HeadlessView::DragTo(dg::DPoint2D const& from, dg::DPoint2D const& to) {

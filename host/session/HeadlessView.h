@@ -31,8 +31,8 @@ public:
     HeadlessView& operator=(HeadlessView const&) = delete;
 
     /// Brings the box into the window, at a scale that is a power of two: positions then lose
-    /// nothing on their way through the window. A box without size or with sides that aren't finite
-    /// is brought to the window's middle at the present scale.
+    /// nothing on their way through the window. A box without size is brought to the window's
+    /// middle at the present scale, one with sides that aren't finite nowhere.
     void Show(dg::DBox2D const& box);
 
     /// Lays the content shadow over the figure, or fits it again when it is there.
@@ -41,10 +41,11 @@ public:
     /// Null while it isn't shown.
     figrep::SmartPtr<zvmk::FigureContentShadow> const& GetContentShadow() const { return shadow_; }
 
-    /// What a pointer does. Press answers whether a drag begins.
+    /// What a pointer does. Press answers whether a drag begins; one that goes on is abandoned.
     bool Press(dg::DPoint2D const& at);
     void MoveTo(dg::DPoint2D const& at);
     void Release(dg::DPoint2D const& at);
+    /// Ends a drag without effect; the box fits the content again.
     void Abandon();
     /// Presses, goes there on a straight way with stops, and lets go. False when nothing is
     /// dragged.

@@ -98,6 +98,42 @@ TEST_P(HeadlessViewTest, AbandonedDragLeavesNoTrace) {
     EXPECT_FALSE(session->GetHistory().CanUndo());
 }
 
+TEST_P(HeadlessViewTest, BoxOfAnAbandonedDragFitsAgainAndTheNextDragStartsFromThere) {
+    view.ShowContentShadow();
+    auto const& shadow = *view.GetContentShadow();
+    auto const corner = shadow.GetHandle(Shadow::TOP_RIGHT)->GetPosition();
+    auto const centre = shadow.GetHandle(Shadow::CENTRE)->GetPosition();
+    EXPECT_TRUE(view.Press({corner.x, corner.y}));
+    view.MoveTo({2 * corner.x - centre.x, 2 * corner.y - centre.y});
+    EXPECT_FALSE(shadow.GetHandle(Shadow::TOP_RIGHT)->GetPosition() == corner);
+    view.Abandon();
+    EXPECT_EQ(shadow.GetHandle(Shadow::TOP_RIGHT)->GetPosition(), corner);
+    EXPECT_TRUE(view.DragTo({centre.x, centre.y}, {centre.x + 16, centre.y + 8}));
+    auto const move = du::DynamicCast<figrep::FigureMoveDelta>(figure->GetDeltas().back());
+    ASSERT_TRUE(move);
+    EXPECT_TRUE(move->GetTransforms().empty()) << "nothing is scaled";
+}
+
+TEST_P(HeadlessViewTest, SecondPressAbandonsTheDragThatGoesOn) {
+    view.ShowContentShadow();
+    auto const& shadow = *view.GetContentShadow();
+    auto const corner = shadow.GetHandle(Shadow::BOTTOM_LEFT)->GetPosition();
+    EXPECT_TRUE(view.Press({corner.x, corner.y}));
+    view.MoveTo({corner.x - 40, corner.y - 40});
+    EXPECT_TRUE(view.Press(figure->GetExtents().Centre()));
+    EXPECT_EQ(shadow.GetPickedModel(), shadow.GetHandle(Shadow::CENTRE));
+    EXPECT_EQ(shadow.GetHandle(Shadow::BOTTOM_LEFT)->GetPosition(), corner);
+    EXPECT_FALSE(session->GetHistory().CanUndo());
+}
+
+TEST_P(HeadlessViewTest, AbandoningWithoutADragChangesNothing) {
+    view.Abandon();
+    view.ShowContentShadow();
+    view.GetView()->TakeRepaintNeeded();
+    view.Abandon();
+    EXPECT_FALSE(view.GetView()->TakeRepaintNeeded());
+}
+
 TEST_P(HeadlessViewTest, PointerOverAHandleShowsWhatItWouldDo) {
     view.ShowContentShadow();
     auto const corner = view.GetContentShadow()->GetHandle(Shadow::TOP_LEFT)->GetPosition();
