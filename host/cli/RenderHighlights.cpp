@@ -1,7 +1,7 @@
 #include <cli/RenderHighlights.h>
 
-#include <cli/Color.h>
 #include <cli/UnknownNet.h>
+#include <session/look/ParseColor.h>
 #include <session/nets/NetHighlight.h>
 #include <algorithm>
 #include <cstddef>
