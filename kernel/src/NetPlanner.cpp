@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 #include <map>
+#include <numeric>
 #include <tuple>
 
 #include "PointGraph.h"
@@ -115,11 +116,14 @@ public:
     NetPlan Plan() {
         FindLinks();
         std::vector<std::uint32_t> const roots = FindRoots();
+        std::vector<std::uint32_t> const starts = FindStarts();
         for (std::uint32_t part = 0; part < partCount; ++part) {
             if (partUsed[part] || IsLonePin(roots[part])) continue;
-            plan = SubNetPlan{drawing.net, {}};
-            partUsed[part] = true;
-            PlantHead(roots[part]);
+            bool const hasStart = starts[part] != NO_INDEX;
+            std::uint32_t const root = hasStart ? starts[part] : roots[part];
+            plan = SubNetPlan{drawing.net, hasStart, {}};
+            partUsed[parts[root]] = true;
+            PlantHead(root);
             Grow();
             result.subNets.push_back(std::move(plan));
         }
@@ -173,6 +177,45 @@ private:
         for (std::uint32_t vertex = 0; vertex < table.Size(); ++vertex)
             take(vertex);
         return roots;
+    }
+
+    /// For each part one of all those that highways join to it, the same for all of them.
+    std::vector<std::uint32_t> LeadersOfParts() const {
+        std::vector<std::uint32_t> leaders(partCount);
+        std::iota(leaders.begin(), leaders.end(), 0u);
+        auto const find = [&](std::uint32_t part) {
+            while (leaders[part] != part)
+                part = leaders[part] = leaders[leaders[part]];
+            return part;
+        };
+        for (auto const& [subHighway, links] : linksOf) {
+            for (Link const& link : links)
+                leaders[find(link.part)] = find(links.front().part);
+        }
+        for (std::uint32_t part = 0; part < partCount; ++part)
+            leaders[part] = find(part);
+        return leaders;
+    }
+
+    /// The vertex where the flow of each part's sub-net starts; NO_INDEX where nothing tells it, or
+    /// several places do.
+    std::vector<std::uint32_t> FindStarts() const {
+        std::vector<std::uint32_t> starts(partCount, NO_INDEX);
+        if (drawing.starts.empty()) return starts;
+        std::vector<std::uint32_t> const leaders = LeadersOfParts();
+        std::vector<bool> severalAt(partCount);
+        for (GridPoint const& place : drawing.starts) {
+            std::uint32_t const vertex = table.Find(place);
+            if (vertex == NO_INDEX) continue;
+            std::uint32_t const leader = leaders[parts[vertex]];
+            if (starts[leader] != NO_INDEX && starts[leader] != vertex) severalAt[leader] = true;
+            starts[leader] = vertex;
+        }
+        for (std::uint32_t part = 0; part < partCount; ++part) {
+            std::uint32_t const leader = leaders[part];
+            starts[part] = severalAt[leader] ? NO_INDEX : starts[leader];
+        }
+        return starts;
     }
 
     std::uint32_t AddNode(PlanKind kind, std::uint32_t parent, std::uint32_t source,

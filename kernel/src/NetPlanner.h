@@ -24,6 +24,7 @@ struct NetDrawing {
     std::vector<DrawnLine> lines;
     std::vector<NetTap> taps;
     std::vector<GridPoint> joins;
+    std::vector<GridPoint> starts;                           ///< of flow
     std::vector<std::pair<GridPoint, std::uint32_t>> pins;   ///< place and pin of the sheet
     std::vector<std::pair<GridPoint, std::uint32_t>> ports;  ///< place and port node of the sheet
 };
@@ -31,7 +32,9 @@ struct NetDrawing {
 /// Plans one sub-net for everything that wires, points and highways join; what only the name joins
 /// stays apart. A single pin that nothing touches makes none.
 ///
-/// - The head is a segment with a free end (with one pin there at most), else a port, else a stub.
+/// - The head stands where flow starts; where no place or several are named, at a free end of a
+///   wire, else at a port. It is a segment with a free end (with one pin there at most), else a
+///   port, else a stub.
 /// - Connectors hang below the head or below leaves of their own.
 /// - Each connected piece of wires comes onto each highway once. Where pieces and highways form a
 ///   loop, and where wires do, the closing part is drawn as a further end.

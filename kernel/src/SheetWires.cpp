@@ -15,6 +15,7 @@ SheetWires::SheetWires(SheetSource const& source, std::vector<SheetPin> const& s
       tapPlaces(source.taps.size()),
       portPlaces(source.portNodes.size()),
       joinPlaces(source.joins.size()),
+      startPlaces(source.flowStarts.size()),
       anchors(source.decorations.size()),
       wireSeen(source.wires.size(), true),
       busSeen(source.buses.size(), true) {
@@ -23,6 +24,7 @@ SheetWires::SheetWires(SheetSource const& source, std::vector<SheetPin> const& s
     TakeTaps();
     TakePorts();
     TakeJoins();
+    TakeFlowStarts();
     TakeDecorations();
     for (std::uint32_t i = 0; i < pins.size(); ++i)
         netPins.Add(pins[i].net, i);
@@ -32,8 +34,8 @@ SheetWires::SheetWires(SheetSource const& source, std::vector<SheetPin> const& s
 
 void SheetWires::Sort() {
     for (KeyedList* list :
-         {&netWires, &netTaps, &netPorts, &netPins, &netJoins, &netDecorations, &highwayBuses,
-          &highwayTaps, &highwayPorts, &highwayJoins, &highwayDecorations}) {
+         {&netWires, &netTaps, &netPorts, &netPins, &netJoins, &netStarts, &netDecorations,
+          &highwayBuses, &highwayTaps, &highwayPorts, &highwayJoins, &highwayDecorations}) {
         list->Sort();
     }
 }
@@ -112,6 +114,14 @@ void SheetWires::TakeJoins() {
     }
 }
 
+void SheetWires::TakeFlowStarts() {
+    for (std::uint32_t i = 0; i < sheet.flowStarts.size(); ++i) {
+        FlowStartSource const& start = sheet.flowStarts[i];
+        if (!context.IsUsable(start.net, context.nets.size(), "net", {})) continue;
+        if (TakePoint(start.point, startPlaces[i], {})) netStarts.Add(start.net, i);
+    }
+}
+
 void SheetWires::TakeDecorations() {
     for (std::uint32_t i = 0; i < sheet.decorations.size(); ++i) {
         DecorationSource const& decoration = sheet.decorations[i];
@@ -187,6 +197,8 @@ NetDrawing SheetWires::DrawingOfNet(SourceIndex net) const {
     }
     for (auto const& [key, join] : netJoins.At(net))
         drawing.joins.push_back(joinPlaces[join]);
+    for (auto const& [key, start] : netStarts.At(net))
+        drawing.starts.push_back(startPlaces[start]);
     for (auto const& [key, pin] : netPins.At(net))
         drawing.pins.emplace_back(pins[pin].place, pin);
     for (auto const& [key, port] : netPorts.At(net)) {

@@ -56,6 +56,7 @@ private:
     void TakeTaps();
     void TakePorts();
     void TakeJoins();
+    void TakeFlowStarts();
     void TakeDecorations();
     void CheckMembers();
     void Sort();
@@ -72,6 +73,7 @@ private:
     std::vector<HighwayPlace> tapPlaces;
     std::vector<GridPoint> portPlaces;
     std::vector<GridPoint> joinPlaces;
+    std::vector<GridPoint> startPlaces;
     std::vector<GridPoint> anchors;
     std::vector<bool> wireSeen;
     std::vector<bool> busSeen;
@@ -80,6 +82,7 @@ private:
     KeyedList netPorts;
     KeyedList netPins;
     KeyedList netJoins;
+    KeyedList netStarts;
     KeyedList netDecorations;
     KeyedList highwayBuses;
     KeyedList highwayTaps;

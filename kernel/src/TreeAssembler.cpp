@@ -195,7 +195,7 @@ TreeAssembler::NodePtr TreeAssembler::MakeSegment(std::size_t index, SubNetPlan 
     du::SmartPtr<NetSegmentRecord> const segment(
         new NetSegmentRecord(&owner, FromGrid(node.nearEnd), FromGrid(node.farEnd)));
     IdentifySegment(*segment, index, plan, net);
-    if (!owner.GetStartSegment()) owner.SetStartSegment(segment);
+    if (plan.hasStart && !owner.GetStartSegment()) owner.SetStartSegment(segment);
     placed.push_back({node.kind, node.nearEnd, node.farEnd, segment.Get()});
     return segment;
 }

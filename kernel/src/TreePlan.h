@@ -42,6 +42,7 @@ struct SubHighwayPlan {
 
 struct SubNetPlan {
     SourceIndex net = NO_INDEX;
+    bool hasStart = false;  ///< flow starts at the head
     std::vector<PlanNode> nodes;
 };
 

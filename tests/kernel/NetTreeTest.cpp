@@ -1,6 +1,8 @@
 // The trees of nets that the kernel's builder makes of small drawings.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <figk/ConnectorInstance.h>
 #include <figk/Net.h>
 #include <figk/NetSegment.h>
@@ -150,13 +152,91 @@ TEST(NetTree, PointsThatDifferByRoundingAloneAreOne) {
     EXPECT_EQ(TreesOfA(drawing), "wire(10,0 0.3,0)[wire(0.3,0 0.3,5)]");
 }
 
-TEST(NetTree, TheStartSegmentIsTheFirstOfTheTree) {
-    Drawing drawing;
-    drawing.NetPort("P", "A", 0, 0).NetPort("Q", "A", 10, 0).Wire("A", 0, 0, 10, 0);
+/// Where the flow of the only sub-net starts: the first end of its start segment.
+dg::DPoint2D StartOf(Drawing const& drawing) {
     auto const design = drawing.BuildDesign();
-    auto const piece = design->GetSheets().front()->GetSubNets().front();
-    ASSERT_TRUE(piece->GetStartSegment());
-    EXPECT_EQ(piece->GetStartSegment()->GetPredecessor(), piece->GetHead());
+    auto const segment = design->GetSheets().front()->GetSubNets().front()->GetStartSegment();
+    dg::DPoint2D first(-1, -1);
+    dg::DPoint2D last;
+    if (segment) segment->GetEnds(first, last);
+    return first;
+}
+
+bool HasDirection(Drawing const& drawing) {
+    auto const design = drawing.BuildDesign();
+    return static_cast<bool>(design->GetSheets().front()->GetSubNets().front()->GetStartSegment());
+}
+
+TEST(NetTree, BeginsAtThePinWhereFlowStarts) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 10, 0).Pin("A", "U1", "1", 0, 0).Pin("A", "U2", "1", 10, 0);
+    EXPECT_EQ(TreesOfA(drawing), "wire(0,0 10,0)[pin U1:1 pin U2:1]");
+    EXPECT_FALSE(HasDirection(drawing));
+    drawing.Start("A", 10, 0);
+    EXPECT_EQ(TreesOfA(drawing), "wire(10,0 0,0)[pin U2:1 pin U1:1]");
+    EXPECT_EQ(StartOf(drawing), dg::DPoint2D(10, 0));
+}
+
+TEST(NetTree, BeginsAtThePortWhereFlowStarts) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 10, 0).Pin("A", "U1", "1", 0, 0).NetPort("P", "A", 10, 0);
+    drawing.Start("A", 10, 0);
+    EXPECT_EQ(TreesOfA(drawing), "port P[wire(10,0 0,0)[pin U1:1]]");
+    EXPECT_EQ(StartOf(drawing), dg::DPoint2D(10, 0));
+}
+
+TEST(NetTree, FlowThatStartsInTheMiddleRunsBothWays) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 10, 0).Pin("A", "U1", "1", 4, 0).Start("A", 4, 0);
+    EXPECT_EQ(TreesOfA(drawing), "wire(4,0)[pin U1:1 wire(4,0 0,0) wire(4,0 10,0)]");
+    EXPECT_EQ(StartOf(drawing), dg::DPoint2D(4, 0));
+}
+
+TEST(NetTree, FlowStartsBehindAHighwayToo) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 0, 5).Tap("A", "H", 5, 5, 0, 5).Bus("H", 5, 5, 15, 5);
+    drawing.Tap("A", "H", 15, 5, 20, 5).Wire("A", 20, 5, 20, 0).Pin("A", "U1", "1", 20, 0);
+    drawing.Start("A", 20, 0);
+    EXPECT_EQ(TreesOfA(drawing).substr(0, 31), "wire(20,0 20,5)[pin U1:1 wire(2");
+    EXPECT_EQ(StartOf(drawing), dg::DPoint2D(20, 0));
+}
+
+TEST(NetTree, SeveralStartsGiveNoDirection) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 10, 0).Pin("A", "U1", "1", 0, 0).Pin("A", "U2", "1", 10, 0);
+    std::string const plain = TreesOfA(drawing);
+    drawing.Start("A", 10, 0).Start("A", 0, 0).Start("A", 10, 0);
+    EXPECT_EQ(TreesOfA(drawing), plain);
+    EXPECT_FALSE(HasDirection(drawing));
+}
+
+TEST(NetTree, OneStartNamedTwiceIsOne) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 10, 0).Pin("A", "U1", "1", 10, 0);
+    drawing.Start("A", 10, 0).Start("A", 10, 0);
+    EXPECT_EQ(StartOf(drawing), dg::DPoint2D(10, 0));
+}
+
+TEST(NetTree, StartsBesideTheNetOrOfOthersCountForNothing) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 10, 0).Start("A", 5, 0).Start("A", 10, 1).Start("B", 10, 0);
+    EXPECT_EQ(TreesOfA(drawing), "wire(0,0 10,0)");
+    EXPECT_FALSE(HasDirection(drawing));
+}
+
+TEST(NetTree, PiecesJoinedByNameAloneHaveDirectionsOfTheirOwn) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 5, 0).Wire("A", 0, 9, 5, 9).Start("A", 5, 0).Start("A", 5, 9);
+    EXPECT_EQ(TreesOfA(drawing), "wire(5,0 0,0)\nwire(5,9 0,9)");
+    EXPECT_EQ(StartOf(drawing), dg::DPoint2D(5, 0));
+}
+
+TEST(NetTree, AStartWithoutAPlaceIsReported) {
+    Drawing drawing;
+    drawing.Wire("A", 0, 0, 5, 0).Start("A", std::nan(""), 0);
+    auto const built = drawing.Build();
+    ASSERT_EQ(built.findings.size(), 1u);
+    EXPECT_EQ(built.findings.front().kind, figkernel::BuildFinding::BAD_POINT);
 }
 
 TEST(NetTree, AChainOfAHundredThousandWiresIsBuiltAndDroppedWithoutDepth) {

@@ -131,6 +131,11 @@ Drawing& Drawing::JoinBuses(std::string const& highway, double x, double y) {
     return *this;
 }
 
+Drawing& Drawing::Start(std::string const& net, double x, double y) {
+    Current().flowStarts.push_back({{x, y}, NetIndex(net)});
+    return *this;
+}
+
 Drawing& Drawing::Decorate(SourceIndex net, SourceIndex highway, std::string const& text, double x,
                            double y) {
     auto& decorations = Current().decorations;

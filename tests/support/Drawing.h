@@ -43,6 +43,8 @@ public:
     /// All wires of the net that pass the point are joined there.
     Drawing& Join(std::string const& net, double x, double y);
     Drawing& JoinBuses(std::string const& highway, double x, double y);
+    /// The flow of the net starts at the point.
+    Drawing& Start(std::string const& net, double x, double y);
     /// A text that labels the net's wire at the point.
     Drawing& Label(std::string const& net, std::string const& text, double x, double y);
     Drawing& BusLabel(std::string const& highway, std::string const& text, double x, double y);

@@ -357,4 +357,19 @@ figkernel::DesignSource GenerateTangle(std::uint64_t seed) {
     return Tangle(seed).Generate();
 }
 
+void AddFlowStarts(figkernel::DesignSource& design, std::uint64_t seed) {
+    Random random(seed);
+    for (figkernel::SheetSource& sheet : design.sheets) {
+        auto const add = [&](SourceIndex net, dg::DPoint2D const& at) {
+            if (net != NO_INDEX && random.OneIn(3)) sheet.flowStarts.push_back({at, net});
+        };
+        for (figkernel::BlockSource const& block : sheet.blocks) {
+            for (figkernel::PinSource const& pin : block.pins)
+                add(pin.net, pin.position);
+        }
+        for (figkernel::PortNodeSource const& node : sheet.portNodes)
+            add(design.ports[node.port].net, node.position);
+    }
+}
+
 }  // namespace figrep::test

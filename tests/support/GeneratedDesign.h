@@ -33,4 +33,7 @@ figkernel::DesignSource GenerateGrid(GridOptions const& options);
 /// stacked pins, pins in the middle of wires, ports on top of each other.
 figkernel::DesignSource GenerateTangle(std::uint64_t seed);
 
+/// Makes one of three pins and ports on nets, at random, a place where flow starts.
+void AddFlowStarts(figkernel::DesignSource& design, std::uint64_t seed);
+
 }  // namespace figrep::test

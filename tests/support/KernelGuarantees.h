@@ -22,6 +22,11 @@ std::vector<std::string> FindBrokenTrees(figk::Design const& design);
 std::vector<std::string> FindFalseConnections(figkernel::DesignSource const& source,
                                               figk::Design const& design);
 
+/// Sub-nets that don't begin where the flow of their net starts, or say that they do where nothing
+/// or several places tell it, one sentence each. Starts must stand at pins or ports.
+std::vector<std::string> FindFalseStarts(figkernel::DesignSource const& source,
+                                         figk::Design const& design);
+
 /// The lines as one text, for messages of tests.
 std::string JoinLines(std::vector<std::string> const& lines);
 

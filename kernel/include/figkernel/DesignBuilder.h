@@ -51,6 +51,9 @@ struct BuildResult {
 /// - Connectors stand below the head or below leaves, one per leaf. Where a pin stands in the
 ///   middle, where several stand at one point or touch without a wire, segments without length
 ///   carry them. A lone pin without any wire makes no sub-net; its net names it all the same.
+/// - A sub-net with exactly one start of flow has its head there, so that every segment leads from
+///   its first end to its second away from the start, and names its start segment: the first one,
+///   with its first end at the start. Other sub-nets name none.
 /// - Pieces of a net on one sheet that only the name joins are sub-nets of their own.
 /// - Ids of records: the design's id prefix; for what stands on a sheet the sheet's id; then the
 ///   record's own id. A net's id is its name; a sub-net's the net's name and the smallest id of its

@@ -163,6 +163,13 @@ struct JoinSource {
     SourceIndex highway = NO_INDEX;  ///< ... and highway is set
 };
 
+/// A place where the signal of a net comes from: a pin that drives it, a port by which it comes in.
+/// It counts where the net has a pin, a port, or a wire that ends or is split there.
+struct FlowStartSource {
+    dg::DPoint2D point;
+    SourceIndex net = NO_INDEX;
+};
+
 /// Something drawn at a wire or bus without a part in connectivity: a junction dot, a local label,
 /// a no-connect cross. It becomes a label of the piece of its net or highway that passes the anchor
 /// (also between that piece's ends), and is coloured, hidden and moved with it; without such a
@@ -260,6 +267,8 @@ struct SheetSource {
     std::vector<TapSource> taps;
     std::vector<PortNodeSource> portNodes;
     std::vector<JoinSource> joins;
+    /// A sub-net with exactly one of them has a direction: its tree begins there.
+    std::vector<FlowStartSource> flowStarts;
     std::vector<DecorationSource> decorations;
 };
 
