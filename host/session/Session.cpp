@@ -75,6 +75,13 @@ figrep::ConstSmartPtr<figrep::Setting> CrossingSetting(figk::CrossingPointStyle 
         figrep::Setting::CROSSING_POINT_STYLE, value, figk::Setting::LEVEL_PROFILE, true));
 }
 
+// Trees that begin at the start of flow are cut into other runs of wire, which only those who want
+// to see the flow shall notice.
+void ForgetFlow(figkernel::DesignSource& source) {
+    for (figkernel::SheetSource& sheet : source.sheets)
+        sheet.flowStarts.clear();
+}
+
 // Enters the nodes of ports into the process's record of where nets go on.
 class PortRegistrar : public figrep::AbstractFigureVisitor {
 public:
@@ -149,6 +156,7 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
     findings_ = std::move(read.findings);
     error = std::move(read.error);
     if (error) return false;
+    ForgetFlow(read.design);
     figkernel::DesignSource const& source = read.design;
     figkernel::BuildResult const built =
         figkernel::Build(source, figk::SchematicKernel::GetKernelLock());

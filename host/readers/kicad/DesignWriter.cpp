@@ -8,9 +8,10 @@
 #include <readers/FileSource.h>
 #include <readers/kicad/design/Variables.h>
 
-#include <readers/kicad/pictures/LabelPictures.h>
-#include <readers/kicad/pictures/SheetPictures.h>
-#include <readers/kicad/pictures/SymbolPictures.h>
+#include "FlowStarts.h"
+#include "LabelPictures.h"
+#include "SheetPictures.h"
+#include "SymbolPictures.h"
 
 namespace fighost::kicad {
 
@@ -277,6 +278,15 @@ void WriteNets(DesignNets const& nets, figkernel::DesignSource& design) {
     }
 }
 
+void WriteFlowStarts(DesignNets const& nets, figkernel::DesignSource& design) {
+    std::vector<std::vector<FlowStart>> const starts = FindFlowStarts(nets);
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        Frame const frame{true, FromMm(nets.sheets[i].File().paper.height)};
+        for (FlowStart const& start : starts[i])
+            design.sheets[i].flowStarts.push_back({frame(start.at), start.net});
+    }
+}
+
 /// Sheet symbols that bear the same id twice in one file would make one sheet of two.
 void MakeIdsUnique(figkernel::DesignSource& design) {
     std::set<std::string> taken;
@@ -309,6 +319,7 @@ figkernel::DesignSource WriteDesign(Hierarchy const& hierarchy, DesignNets const
                     findings)
             .Write();
     }
+    WriteFlowStarts(nets, design);
     MakeIdsUnique(design);
     return design;
 }

@@ -22,6 +22,7 @@ public:
             out.sheets.push_back(MakeSheetGraph(hierarchy, i, sets, findings));
         }
         drawn = sets.GetSize();
+        KeepPieces();
         NameSpaces names(sets, out.sheets.size());
         JoinByNames(out.sheets, hierarchy.Root().version, names);
         BusResolver resolver(hierarchy, limits, sets, names);
@@ -39,6 +40,13 @@ public:
     }
 
 private:
+    /// Before names join what stands apart.
+    void KeepPieces() {
+        out.pieces.resize(drawn);
+        for (Node node = 0; node < drawn; ++node)
+            out.pieces[node] = sets.Find(node);
+    }
+
     void MarkBusNodes() {
         isBus.assign(sets.GetSize(), false);
         for (SheetGraph const& sheet : out.sheets) {

@@ -47,6 +47,7 @@ struct DesignNets {
     std::vector<Net> nets;           ///< by name
     std::vector<Bus> buses;
     std::vector<std::uint32_t> ofNode;  ///< net or bus of each node; NO_NET: of none
+    std::vector<Node> pieces;  ///< for each drawn node one of all those that touching joins to it
 
     std::uint32_t Of(Node node) const { return node == NO_NODE ? NO_NET : ofNode[node]; }
 };

@@ -27,8 +27,9 @@ std::string Line(char const* kind, double x1, double y1, double x2, double y2) {
            ")) (stroke (width 0) (type default)) " + NextId() + ")\n";
 }
 
-std::string LabelOf(char const* kind, std::string const& text, double x, double y) {
-    return std::string("(") + kind + " \"" + text + "\" (shape input) (at " + At(x, y) +
+std::string LabelOf(char const* kind, std::string const& text, double x, double y,
+                    std::string const& shape = "input") {
+    return std::string("(") + kind + " \"" + text + "\" (shape " + shape + ") (at " + At(x, y) +
            " 0) (effects (font (size 1.27 1.27)) (justify left)) " + NextId() + ")\n";
 }
 
@@ -39,7 +40,10 @@ std::string const& Library() {
         OnePin("T:visible", "power_in", "VVIS") +
         OnePin("T:power", "power_in", "PWR", "(power)", "hide") +
         OnePin("T:localpower", "power_in", "PWR", "(power local)") +
-        OnePin("T:powerflag", "power_out", "pwr", "(power)") +
+        OnePin("T:output", "output", "~") + OnePin("T:powerout", "power_out", "~") +
+        OnePin("T:opencollector", "open_collector", "~") +
+        OnePin("T:openemitter", "open_emitter", "~") + OnePin("T:tristate", "tri_state", "~") +
+        OnePin("T:input", "input", "~") + OnePin("T:powerflag", "power_out", "pwr", "(power)") +
         "(symbol \"T:two\" (symbol \"two_1_1\""
         " (pin input line (at 0 0 0) (length 0) (name \"IN\") (number \"1\"))"
         " (pin output line (at 10 5 0) (length 0) (name \"OUT\") (number \"2\"))))\n"
@@ -90,11 +94,11 @@ std::string NoConnect(double x, double y) {
 std::string Local(std::string const& text, double x, double y) {
     return LabelOf("label", text, x, y);
 }
-std::string Global(std::string const& text, double x, double y) {
-    return LabelOf("global_label", text, x, y);
+std::string Global(std::string const& text, double x, double y, std::string const& shape) {
+    return LabelOf("global_label", text, x, y, shape);
 }
-std::string Hierarchical(std::string const& text, double x, double y) {
-    return LabelOf("hierarchical_label", text, x, y);
+std::string Hierarchical(std::string const& text, double x, double y, std::string const& shape) {
+    return LabelOf("hierarchical_label", text, x, y, shape);
 }
 std::string Flag(double x, double y) {
     return LabelOf("netclass_flag", "", x, y);

@@ -22,8 +22,9 @@ std::string Entry(double x, double y, double dx, double dy);
 std::string Junction(double x, double y);
 std::string NoConnect(double x, double y);
 std::string Local(std::string const& text, double x, double y);
-std::string Global(std::string const& text, double x, double y);
-std::string Hierarchical(std::string const& text, double x, double y);
+std::string Global(std::string const& text, double x, double y, std::string const& shape = "input");
+std::string Hierarchical(std::string const& text, double x, double y,
+                         std::string const& shape = "input");
 std::string Flag(double x, double y);
 std::string Alias(std::string const& name, std::string const& members);
 
