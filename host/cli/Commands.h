@@ -27,6 +27,7 @@ struct RenderArguments : CommonArguments {
     bool noFrame = false;
     std::vector<std::string> highlights;  ///< "NET" or "NET=COLOR"
     std::string crossings = "arc";
+    bool arrows = false;
     std::vector<std::string> hide;     ///< names of items, nets or ports
     std::vector<std::string> isolate;  ///< the same
     std::string saved;                 ///< a file of saved figures; empty for none

@@ -58,6 +58,7 @@ ExitCode Render(RenderArguments const& arguments) {
     SessionOptions options;
     options.look = {ThemeOf(arguments.theme, ground), ground, !arguments.noFrame};
     options.crossings = CrossingStyle(arguments.crossings);
+    options.arrows = arguments.arrows;
     options.saved = arguments.saved;
     std::unique_ptr<Session> const session = OpenSession(arguments, options);
     if (!session) return EXIT_UNREADABLE_INPUT;

@@ -76,6 +76,8 @@ void AddRender(CLI::App& program, RenderArguments& arguments) {
                     "what wires show where they cross without connecting")
         ->check(CLI::IsMember({"arc", "gap", "none"}))
         ->capture_default_str();
+    command.add_flag("--arrows", arguments.arrows,
+                     "show on wires which way signals flow, where the design tells it");
     command
         .add_option("--hide", arguments.hide,
                     "ITEM, NET or PORT: leave it out on all sheets; may be repeated")

@@ -18,6 +18,7 @@
 #include <readers/kicad/ReadDesign.h>
 #include <session/frame/SheetFrame.h>
 #include <session/frame/SheetTokens.h>
+#include <session/look/FlowArrows.h>
 #include <zvk/Depiction.h>
 
 namespace fighost {
@@ -156,7 +157,7 @@ bool Session::Load(FileSource& files, SessionOptions const& options,
     findings_ = std::move(read.findings);
     error = std::move(read.error);
     if (error) return false;
-    ForgetFlow(read.design);
+    if (!options.arrows) ForgetFlow(read.design);
     figkernel::DesignSource const& source = read.design;
     figkernel::BuildResult const built =
         figkernel::Build(source, figk::SchematicKernel::GetKernelLock());
@@ -220,6 +221,7 @@ void Session::AddSheet(SmartPtr<figk::Sheet> const& record, std::string const& p
         sheet.figure->ApplyDeltas(false);
     }
     ApplyLook(sheet.figure, options.look);
+    if (options.arrows) ShowFlow(sheet.figure);
     figrep::SchematicRepresentation::GetSingleton()->AddActiveFigure(sheet.figure, record->GetId());
     sheets_.push_back(sheet);
 }

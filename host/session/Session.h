@@ -28,6 +28,7 @@ struct SessionOptions {
     std::string saved;
     bool savedMayBeMissing = false;  ///< a missing file of them is one without figures
     SheetLook look;
+    bool arrows = false;  ///< on wires, where they show which way a signal flows
 };
 
 /// A sheet of the open design.

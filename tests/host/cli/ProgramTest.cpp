@@ -226,6 +226,24 @@ TEST(Program, CrossingsAreArcsUnlessAskedOtherwise) {
     EXPECT_EQ(arcs("gap"), plain);
 }
 
+TEST(Program, ArrowsAreDrawnWhenAskedFor) {
+    auto areas = [](std::vector<std::string> const& more) {
+        std::vector<std::string> arguments = {"render", EXAMPLE, "--sheet", "/", "-o", "-"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        Outcome const outcome = Figrep(arguments);
+        EXPECT_EQ(outcome.code, 0) << outcome.err;
+        std::size_t count = 0;
+        for (XmlElement const& path : CheckXml(outcome.out).Named("path"))
+            count += path.attributes.count("fill");
+        return count;
+    };
+    std::size_t const plain = areas({});
+    std::size_t const withArrows = areas({"--arrows"});
+    EXPECT_GT(withArrows, plain + 5);
+    EXPECT_EQ(areas({"--arrows", "--crossings", "none", "--theme", "dark", "--highlight", "/SDA"}),
+              withArrows);
+}
+
 TEST(Program, BackgroundIsPaintedOrLeftOut) {
     auto backgrounds = [](std::string const& color) {
         Outcome const outcome =
