@@ -3,6 +3,7 @@
 #include <cli/UnknownNet.h>
 #include <session/look/ParseColor.h>
 #include <session/nets/NetHighlight.h>
+
 #include <algorithm>
 #include <cstddef>
 

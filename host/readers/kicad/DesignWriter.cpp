@@ -7,11 +7,10 @@
 
 #include <readers/FileSource.h>
 #include <readers/kicad/design/Variables.h>
-
-#include "FlowStarts.h"
-#include "LabelPictures.h"
-#include "SheetPictures.h"
-#include "SymbolPictures.h"
+#include <readers/kicad/nets/FlowStarts.h>
+#include <readers/kicad/pictures/LabelPictures.h>
+#include <readers/kicad/pictures/SheetPictures.h>
+#include <readers/kicad/pictures/SymbolPictures.h>
 
 namespace fighost::kicad {
 

@@ -7,11 +7,15 @@
 #include <figrep/NetSegment.h>
 #include <figrep/Setting.h>
 #include <figrep/SubNet.h>
+#include <session/items/ForEachItem.h>
 #include <zv2d/Attributes.h>
 #include <zv2d/Definition.h>
 #include <zv2d/LineAttributes.h>
 #include <zv2d/TexPolyline.h>
 #include <zvk/ReadWriteLock.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace fighost {
 
@@ -45,11 +49,33 @@ figk::ArrowStyle MakeStyle() {
     return {figk::ArrowStyle::PATTERN_END, 0, shape, attributes, false};
 }
 
-ConstSmartPtr<figrep::Setting> MakeSetting() {
-    SmartPtr<figk::BaseSettingValue> const value(
-        new figk::SettingValue<figk::ArrowStyle>(MakeStyle()));
-    return new figrep::Setting(figrep::Setting::ARROW_STYLE, value, figk::Setting::LEVEL_PROFILE,
-                               true);
+template <class Value>
+ConstSmartPtr<figrep::Setting> MakeSetting(figrep::Setting::RepKey key, Value const& value) {
+    SmartPtr<figk::BaseSettingValue> const held(new figk::SettingValue<Value>(value));
+    return new figrep::Setting(key, held, figk::Setting::LEVEL_PROFILE, true);
+}
+
+/// An end that has no direction: segments without length carry pins that meet in one point and pins
+/// in the middle of wires.
+bool IsPoint(figrep::NetSegment const& segment) {
+    if (segment.GetLength() > 0.0) return false;
+    std::vector<SmartPtr<figk::BaseConnectionNode>> following;
+    segment.GetNonJunctionSuccessors(following);
+    return std::none_of(following.begin(), following.end(), [](auto const& node) {
+        return static_cast<bool>(du::DynamicCast<figrep::Segment>(node));
+    });
+}
+
+/// Transparent segments show nothing, so no arrow either.
+void ClearPoints(SmartPtr<figrep::Figure> const& figure) {
+    std::vector<SmartPtr<figrep::NetSegment>> points;
+    ForEachItem(figure, [&](SmartPtr<figrep::AbstractFigureItem> const& item) {
+        auto const segment = du::DynamicCast<figrep::NetSegment>(item);
+        if (segment && IsPoint(*segment)) points.push_back(segment);
+    });
+    ConstSmartPtr<figrep::Setting> const clear = MakeSetting(figrep::Setting::TRANSPARENCY, 1.0F);
+    for (auto const& point : points)
+        point->AddSetting(clear, false);
 }
 
 }  // namespace
@@ -58,7 +84,8 @@ void ShowFlow(SmartPtr<figrep::Figure> const& figure) {
     if (!figure) return;
     zvk::WriteGuard const guard(figure->GetLock());
     bool const hadChanged = figure->HasChanged();
-    ConstSmartPtr<figrep::Setting> const setting = MakeSetting();
+    ConstSmartPtr<figrep::Setting> const setting =
+        MakeSetting(figrep::Setting::ARROW_STYLE, MakeStyle());
     for (SmartPtr<figrep::SubNet> const& subNet : figure->GetSubNets()) {
         SmartPtr<figrep::NetSegment> const start = subNet->GetStartSegment();
         if (!start) continue;
@@ -67,6 +94,7 @@ void ShowFlow(SmartPtr<figrep::Figure> const& figure) {
         subNet->SetStartNode(start);
         subNet->AddSetting(setting, false);
     }
+    ClearPoints(figure);
     if (!hadChanged) figure->ResetHasChanged();
 }
 

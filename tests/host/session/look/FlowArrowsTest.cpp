@@ -151,11 +151,12 @@ TEST(FlowArrows, RunFromAnOutputInTheMiddleBothWays) {
               (Lines{"to 10,10 heading -1,0", "to 30,10 heading 1,0"}));
 }
 
-TEST(FlowArrows, StandOnceWhereSeveralPinsMeetAtAnEnd) {
-    std::string const drawing = Wire(10, 10, 10, 30) + Part("output", "U1", 10, 10);
+TEST(FlowArrows, NonePointsAsideWhereSeveralPinsMeetAtAnEnd) {
+    std::string const drawing = Wire(10, 10, 10, 30) + Wire(10, 10, 40, 10) +
+                                Part("output", "U1", 10, 10) + Part("input", "U4", 40, 10);
     EXPECT_EQ(Described(*Open(drawing + Part("input", "U2", 10, 30) + Part("passive", "R1", 10, 30),
                               true)),
-              Lines{"to 10,30 heading 0,1"});
+              Lines{"to 40,10 heading 1,0"});
 }
 
 TEST(FlowArrows, PointAtTheBusAndToTheLoadsBesideIt) {

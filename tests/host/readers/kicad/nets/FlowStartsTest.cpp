@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "SheetText.h"
+#include <host/readers/kicad/SheetText.h>
 
 namespace {
 
