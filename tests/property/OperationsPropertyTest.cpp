@@ -137,9 +137,9 @@ public:
 private:
     void DoTo(SmartPtr<ConnectionNode> const& head) {
         if (!head || random_.OneIn(2)) return;
+        Remember(head);
         std::vector<SmartPtr<ConnectionNode>> wires, junctions;
         for (auto it = head->Begin(); it != head->End(); ++it) {
-            fallen_.push_back(*it);
             auto const node = du::DynamicCast<ConnectionNode>(*it);
             bool const own = node && node->GetSubNet() == head->GetSubNet();
             if (own && du::DynamicCast<Segment>(node)) wires.push_back(node);
@@ -148,6 +148,16 @@ private:
         for (auto const& junction : junctions)
             TakeOffBelow(junction);
         if (!wires.empty()) Plant(wires[random_.Below(wires.size())]);
+    }
+
+    /// Along the links: walks leave out what belongs to other nets, such as broken connections.
+    void Remember(SmartPtr<figk::BaseConnectionNode> const& head) {
+        std::size_t next = fallen_.size();
+        for (fallen_.push_back(head); next < fallen_.size(); ++next) {
+            auto const node = fallen_[next];
+            for (auto const& below : {node->GetLeftSuccessor(), node->GetRightSuccessor()})
+                if (below) fallen_.push_back(below);
+        }
     }
 
     void TakeOffBelow(SmartPtr<ConnectionNode> const& junction) {

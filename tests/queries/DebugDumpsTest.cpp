@@ -20,19 +20,28 @@
 namespace figrep::testing {
 namespace {
 
-/// Names objects by the order in which they are first met.
-class NumberingDump : public DebugConnectivityVisitor {
+/// Names objects by the order in which they are first met: junctions may be others at the next
+/// walk.
+class Numbers {
 public:
-    explicit NumberingDump(std::ostream& out) : DebugConnectivityVisitor(out) {}
-
-protected:
-    std::string NameOf(du::RefCounted const& object) override {
+    std::string Of(du::RefCounted const& object) {
         auto const next = static_cast<int>(numbers_.size()) + 1;
         return "#" + std::to_string(numbers_.try_emplace(&object, next).first->second);
     }
 
 private:
     std::map<du::RefCounted const*, int> numbers_;
+};
+
+class NumberingDump : public DebugConnectivityVisitor {
+public:
+    explicit NumberingDump(std::ostream& out) : DebugConnectivityVisitor(out) {}
+
+protected:
+    std::string NameOf(du::RefCounted const& object) override { return numbers_.Of(object); }
+
+private:
+    Numbers numbers_;
 };
 
 Strings LinesOfText(std::string const& text) {
@@ -47,22 +56,16 @@ bool HasLine(Strings const& lines, std::string const& line) {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
-std::string Addressed(std::string const& text, du::RefCounted const& object) {
-    std::ostringstream line;
-    line << text << " (" << dynamic_cast<void const*>(&object) << ")";
-    return line.str();
-}
-
 /// What the dump of a figure's trees must be, put together from their links.
 class ExpectedDump {
 public:
     explicit ExpectedDump(SmartPtr<Figure> const& figure) {
         for (auto const& subHighway : figure->GetSubHighways()) {
-            Add(Addressed("++ SubHighway " + subHighway->GetId().GetString(), *subHighway));
+            Add(Named("++ SubHighway " + subHighway->GetId().GetString(), *subHighway));
             AddTree(subHighway->GetHead(), {});
         }
         for (auto const& subNet : figure->GetSubNets()) {
-            Add(Addressed("++ SubNet " + subNet->GetId().GetString(), *subNet) + " of Net " +
+            Add(Named("++ SubNet " + subNet->GetId().GetString(), *subNet) + " of Net " +
                 subNet->GetName());
             AddTree(subNet->GetHead(), subNet);
         }
@@ -72,9 +75,12 @@ public:
     std::set<int> kinds;  // of the nodes
 
 private:
+    std::string Named(std::string const& line, du::RefCounted const& object) {
+        return line + " (" + numbers_.Of(object) + ")";
+    }
     void Add(std::string const& line) { text += line + "\n"; }
     void AddChild(std::string const& side, SmartPtr<ConnectionNode> const& child) {
-        Add(side + (child ? Addressed(child->ToString(), *child) : "0"));
+        Add(side + (child ? Named(child->ToString(), *child) : "0"));
     }
     void AddTree(SmartPtr<ConnectionNode> const& node, SmartPtr<SubNet> const& only) {
         if (!node || (only && !node->Visit(only))) return;
@@ -83,13 +89,15 @@ private:
         if (auto const tap = du::DynamicCast<HighwayNode>(node)) {
             name += " on highway " + tap->GetSubHighway()->GetName();
         }
-        Add(Addressed(name, *node));
+        Add(Named(name, *node));
         AddChild("    Left : ", node->GetLeftSuccessor());
         AddChild("    Right : ", node->GetRightSuccessor());
         Add("");
         AddTree(node->GetLeftSuccessor(), only);
         AddTree(node->GetRightSuccessor(), only);
     }
+
+    Numbers numbers_;
 };
 
 class Dumps : public FigureOfAll {
@@ -137,7 +145,7 @@ TEST(ConnectivityDump, HasEveryNodeOfEveryTreeWithWhatHangsBelowIt) {
         InstalledDesign const installed(test::GenerateTangle(seed));
         auto const figure = test::FramedFigure(installed.Sheet());
         std::ostringstream out;
-        DebugConnectivityVisitor dump(out);
+        NumberingDump dump(out);
         figure->Accept(dump);
         ExpectedDump const expected(figure);
         ASSERT_EQ(out.str(), expected.text) << "seed " << seed;
