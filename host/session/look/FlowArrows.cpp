@@ -15,6 +15,7 @@
 #include <zvk/ReadWriteLock.h>
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace fighost {
@@ -55,27 +56,27 @@ ConstSmartPtr<figrep::Setting> MakeSetting(figrep::Setting::RepKey key, Value co
     return new figrep::Setting(key, held, figk::Setting::LEVEL_PROFILE, true);
 }
 
-/// An end that has no direction: segments without length carry pins that meet in one point and pins
-/// in the middle of wires.
-bool IsPoint(figrep::NetSegment const& segment) {
+/// Segments without length carry pins that meet in one point and pins in the middle of wires. They
+/// have no direction. The tree may be turned later, so which way it runs doesn't count.
+bool CarriesEnd(figrep::NetSegment const& segment) {
     if (segment.GetLength() > 0.0) return false;
-    std::vector<SmartPtr<figk::BaseConnectionNode>> following;
-    segment.GetNonJunctionSuccessors(following);
-    return std::none_of(following.begin(), following.end(), [](auto const& node) {
-        return static_cast<bool>(du::DynamicCast<figrep::Segment>(node));
+    SmartPtr<figrep::ConnectionNode> const beside[] = {
+        segment.GetPredecessor(), segment.GetLeftSuccessor(), segment.GetRightSuccessor()};
+    return std::any_of(std::begin(beside), std::end(beside), [](auto const& node) {
+        return node && !node->IsJunction() && !du::DynamicCast<figrep::Segment>(node);
     });
 }
 
 /// Transparent segments show nothing, so no arrow either.
-void ClearPoints(SmartPtr<figrep::Figure> const& figure) {
-    std::vector<SmartPtr<figrep::NetSegment>> points;
+void ClearCarriers(SmartPtr<figrep::Figure> const& figure) {
+    std::vector<SmartPtr<figrep::NetSegment>> carriers;
     ForEachItem(figure, [&](SmartPtr<figrep::AbstractFigureItem> const& item) {
         auto const segment = du::DynamicCast<figrep::NetSegment>(item);
-        if (segment && IsPoint(*segment)) points.push_back(segment);
+        if (segment && CarriesEnd(*segment)) carriers.push_back(segment);
     });
     ConstSmartPtr<figrep::Setting> const clear = MakeSetting(figrep::Setting::TRANSPARENCY, 1.0F);
-    for (auto const& point : points)
-        point->AddSetting(clear, false);
+    for (auto const& carrier : carriers)
+        carrier->AddSetting(clear, false);
 }
 
 }  // namespace
@@ -94,7 +95,7 @@ void ShowFlow(SmartPtr<figrep::Figure> const& figure) {
         subNet->SetStartNode(start);
         subNet->AddSetting(setting, false);
     }
-    ClearPoints(figure);
+    ClearCarriers(figure);
     if (!hadChanged) figure->ResetHasChanged();
 }
 

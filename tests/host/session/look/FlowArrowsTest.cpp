@@ -159,6 +159,18 @@ TEST(FlowArrows, NonePointsAsideWhereSeveralPinsMeetAtAnEnd) {
               Lines{"to 40,10 heading 1,0"});
 }
 
+TEST(FlowArrows, NonePointsAtAPinThatAWirePasses) {
+    std::string const drawing =
+        Part("output", "U1", 10, 10) + Wire(10, 10, 20, 10) + Wire(20, 10, 20, 30) +
+        Wire(20, 30, 40, 30) + Wire(40, 30, 60, 30) +
+        "(junction (at 40 30) (diameter 0) (uuid \"j\"))\n"
+        "(hierarchical_label \"OUT\" (shape output) (at 60 30 0) (uuid \"h\"))\n";
+    for (std::string const reference : {"R1", "V9"}) {
+        EXPECT_EQ(Described(*Open(drawing + Part("passive", reference, 40, 30), true)),
+                  Lines{"to 60,30 heading 1,0"});
+    }
+}
+
 TEST(FlowArrows, PointAtTheBusAndToTheLoadsBesideIt) {
     std::string const drawing =
         Part("output", "U1", 20, 40) + Wire(20, 40, 40, 40) + Wire(40, 40, 40, 60) +
