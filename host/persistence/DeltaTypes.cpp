@@ -167,9 +167,10 @@ DeltaPtr MakeDeleteDelta(ContentFields& fields, FigurePtr const& figure) {
     return new figrep::FigureItemDeleteDelta(figure, fields.Text(Delta::s_delta_id));
 }
 
-template <class Make>
+using Make = DeltaPtr (*)(ContentFields& fields, FigurePtr const& figure);
+
 LoadedDelta MakeChecked(SerializedContentElement const& element, FigurePtr const& figure,
-                        Make const& make) {
+                        Make make) {
     ContentFields fields(element);
     LoadedDelta loaded;
     loaded.delta = make(fields, figure);
@@ -178,8 +179,7 @@ LoadedDelta MakeChecked(SerializedContentElement const& element, FigurePtr const
     return loaded;
 }
 
-template <class Make>
-DeltaTypes::Maker Checked(Make const& make) {
+DeltaTypes::Maker Checked(Make make) {
     return [make](SerializedContentElement const& element, FigurePtr const& figure) {
         return MakeChecked(element, figure, make);
     };
