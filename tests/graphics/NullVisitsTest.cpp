@@ -4,37 +4,16 @@
 #include <figrep/ArrowPatternGenerator.h>
 #include <figrep/CalcFigureExtentsVisitor.h>
 #include <figrep/CrossingPointsVisitor.h>
-#include <figrep/Format.h>
-#include <figrep/Miscellaneous.h>
 #include <figrep/SegmentGraphicsGenerator.h>
 #include <figrep/TextLabelContainerVisitor.h>
-#include <figrep/TitleBlock.h>
-#include <figrep/UnroutedConnection.h>
+#include <support/NullVisits.h>
 
 namespace figrep {
 
 using namespace testing;
 
-namespace {
-
-template <class... Items>
-void ShowNullItems(AbstractFigureVisitor& visitor) {
-    (visitor.Visit(SmartPtr<Items>()), ...);
-}
-
-void ShowNulls(AbstractFigureVisitor& visitor) {
-    visitor.StartGroupVisit(nullptr);
-    ShowNullItems<Figure, SubNet, NetSegment, SubHighway, HighwaySegment, UnroutedConnection,
-                  GenericGraphic, TextGraphic, PickGraphicProxy, Miscellaneous, Format, TitleBlock>(
-        visitor);
-    visitor.VisitTextLabelContainer(nullptr);
-    visitor.VisitComplete(SmartPtr<SubNet>());
-    visitor.VisitComplete(SmartPtr<SubHighway>());
-    visitor.VisitComplete(SmartPtr<Figure>());
-    visitor.EndGroupVisit(nullptr);
-}
-
-}  // namespace
+using test::ShowNullItems;
+using test::ShowNulls;
 
 TEST(NullVisits, ExtentsStayAsTheyAre) {
     Drawing const drawing;

@@ -1,53 +1,20 @@
 // Visitors are public: a host may hand them whatever its pointers hold.
-#include <figrep/BlockInstance.h>
-#include <figrep/CableInstance.h>
-#include <figrep/ConnectorInstance.h>
-#include <figrep/ConnectorInstanceNode.h>
 #include <figrep/DebugConnectivityVisitor.h>
 #include <figrep/DebugSettingsVisitor.h>
-#include <figrep/Figure.h>
 #include <figrep/FigureItemsVisitor.h>
 #include <figrep/FindFigurePortVisitor.h>
-#include <figrep/Format.h>
-#include <figrep/GenericGraphic.h>
 #include <figrep/GetFigureContentVisitor.h>
 #include <figrep/GetHiddenContentVisitor.h>
-#include <figrep/HighwayNode.h>
-#include <figrep/HighwaySegment.h>
-#include <figrep/JunctionNode.h>
-#include <figrep/Miscellaneous.h>
-#include <figrep/NetSegment.h>
-#include <figrep/PickGraphicProxy.h>
-#include <figrep/Port.h>
-#include <figrep/PortNode.h>
-#include <figrep/SubHighway.h>
-#include <figrep/SubNet.h>
-#include <figrep/TableInstance.h>
-#include <figrep/TextGraphic.h>
 #include <figrep/TidyJunctionsVisitor.h>
-#include <figrep/TitleBlock.h>
-#include <figrep/UnroutedConnection.h>
 #include <gtest/gtest.h>
+#include <support/NullVisits.h>
 
 #include <sstream>
 
 namespace figrep {
 namespace {
 
-template <class... Items>
-void ShowNullItems(AbstractFigureVisitor& visitor) {
-    (visitor.Visit(SmartPtr<Items>()), ...);
-}
-
-void ShowNulls(AbstractFigureVisitor& visitor) {
-    visitor.StartGroupVisit(nullptr);
-    ShowNullItems<Figure, BlockInstance, CableInstance, ConnectorInstance, ConnectorInstanceNode,
-                  Format, GenericGraphic, HighwayNode, HighwaySegment, JunctionNode, Miscellaneous,
-                  NetSegment, PickGraphicProxy, Port, PortNode, SubHighway, SubNet, TableInstance,
-                  TextGraphic, TitleBlock, UnroutedConnection>(visitor);
-    visitor.VisitTextLabelContainer(nullptr);
-    visitor.EndGroupVisit(nullptr);
-}
+using test::ShowNulls;
 
 using Items = std::vector<SmartPtr<AbstractFigureItem>>;
 
