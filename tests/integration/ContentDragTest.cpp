@@ -1,5 +1,6 @@
 // A person drags the content of a sheet by each handle, in a drawing and in an image.
 #include <gtest/gtest.h>
+#include <host/session/ShadowFits.h>
 
 #include <cmath>
 #include <string>
@@ -144,15 +145,6 @@ void ExpectRecorded(SmartPtr<figrep::Figure> const& figure, unsigned grip, Way c
     }
 }
 
-void ExpectFits(Shadow const& shadow, dg::DBox2D const& box) {
-    auto const low = shadow.GetHandle(Shadow::BOTTOM_LEFT)->GetPosition();
-    auto const high = shadow.GetHandle(Shadow::TOP_RIGHT)->GetPosition();
-    EXPECT_NEAR(low.x, box.XMin(), 1e-6);
-    EXPECT_NEAR(low.y, box.YMin(), 1e-6);
-    EXPECT_NEAR(high.x, box.XMax(), 1e-6);
-    EXPECT_NEAR(high.y, box.YMax(), 1e-6);
-}
-
 /// Drags one grip of a sheet of a freshly opened design and checks all that follows from it; the
 /// pictures of undo and redo only when `thorough`, since pictures of large sheets take their time.
 void DragAndCheck(std::string const& file, HeadlessView::Kind kind, unsigned grip, bool thorough) {
@@ -171,7 +163,7 @@ void DragAndCheck(std::string const& file, HeadlessView::Kind kind, unsigned gri
     HeadlessView view(sheet.figure, history.GetScene(), kind);
     view.ShowContentShadow();
     auto const& shadow = *view.GetContentShadow();
-    ExpectFits(shadow, box);
+    test::ExpectFits(shadow, box);
     Way const way = WayOf(shadow, grip);
     Hand hand(view, grip);
     ASSERT_TRUE(hand.Press(way.from));
@@ -194,11 +186,11 @@ void DragAndCheck(std::string const& file, HeadlessView::Kind kind, unsigned gri
     dg::DBox2D const after = sheet.figure->GetExtents();
     ASSERT_TRUE(history.Undo());
     EXPECT_EQ(sheet.figure->GetDeltas().size(), deltas);
-    ExpectFits(shadow, box);
+    test::ExpectFits(shadow, box);
     EXPECT_TRUE(!thorough || AreAlike(Picture(sheet.figure), untouched)) << "not as before";
     ASSERT_TRUE(history.Redo());
     EXPECT_EQ(sheet.figure->GetDeltas().size(), deltas + 1);
-    ExpectFits(shadow, after);
+    test::ExpectFits(shadow, after);
     EXPECT_TRUE(!thorough || AreAlike(Picture(sheet.figure), dragged)) << "not as dragged";
 }
 

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <host/Picture.h>
 #include <host/session/ExampleSession.h>
+#include <host/session/ShadowFits.h>
 #include <session/History.h>
 #include <support/FigureDump.h>
 #include <support/LiveObjects.h>
@@ -70,14 +71,7 @@ protected:
         }
     }
     void ExpectFits(int i) const {
-        auto const& shadow = *view[i]->GetContentShadow();
-        dg::DBox2D const box = figure[i]->GetExtents();
-        auto const low = shadow.GetHandle(Shadow::BOTTOM_LEFT)->GetPosition();
-        auto const high = shadow.GetHandle(Shadow::TOP_RIGHT)->GetPosition();
-        EXPECT_NEAR(low.x, box.XMin(), 1e-6);
-        EXPECT_NEAR(low.y, box.YMin(), 1e-6);
-        EXPECT_NEAR(high.x, box.XMax(), 1e-6);
-        EXPECT_NEAR(high.y, box.YMax(), 1e-6);
+        test::ExpectFits(*view[i]->GetContentShadow(), figure[i]->GetExtents());
     }
 
     /// Pulls a corner of the box in or out, or moves the box.
